@@ -1,0 +1,31 @@
+// Bounds-checked access to the engine's lists by the signed indices it keeps.
+
+#ifndef TAVREL_ENGINE_CHECKEDACCESS_H
+#define TAVREL_ENGINE_CHECKEDACCESS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+
+namespace tavrel {
+
+/// The failure that every access outside a list throws. Copying it needs no
+/// memory, so that a failed access is reported as such even when there is none.
+/// The first call creates it; every engine makes that call when it is built.
+const std::out_of_range& outOfRange();
+
+/// Throws a copy of outOfRange().
+[[noreturn]] void throwOutOfRange();
+
+/// Element `index` of `list`. Throws std::out_of_range for an index below 0 or
+/// not below its size. Unlike the list's own `at` it takes -1, the index of
+/// nothing, as it comes, and allocates nothing when it throws.
+template <typename List>
+auto at(List& list, std::int64_t index) -> decltype(list[0]) {
+  if (static_cast<std::uint64_t>(index) >= list.size()) throwOutOfRange();
+  return list[static_cast<std::size_t>(index)];
+}
+
+}  // namespace tavrel
+
+#endif  // TAVREL_ENGINE_CHECKEDACCESS_H

@@ -1,0 +1,57 @@
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "engine/FileBytes.h"
+
+namespace tavrel {
+namespace {
+
+struct Closer {
+  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+
+bool namesRegularFile(const std::string& path) {
+  std::error_code ignored;
+  return path.find('\0') == std::string::npos && std::filesystem::is_regular_file(path, ignored);
+}
+
+// A hint only: the file may change, or not know its size.
+std::size_t sizeOf(const std::string& path) {
+  std::error_code failed;
+  const std::uintmax_t size = std::filesystem::file_size(path, failed);
+  return failed ? 0 : static_cast<std::size_t>(size);
+}
+
+}  // namespace
+
+std::optional<FileBytes> FileBytes::read(const std::string& path) {
+  if (!namesRegularFile(path)) return std::nullopt;
+  const std::unique_ptr<std::FILE, Closer> file(std::fopen(path.c_str(), "rb"));
+  if (!file) return std::nullopt;
+  FileBytes result(sizeOf(path));
+  result.readFrom(file.get());
+  return result;
+}
+
+FileBytes::FileBytes(std::size_t expectedSize)
+    : bytes_(new char[expectedSize + 1]), capacity_(expectedSize + 1) {}
+
+void FileBytes::readFrom(std::FILE* file) {
+  std::setvbuf(file, nullptr, _IONBF, 0);  // bytes go straight to their place
+  while (const std::size_t count = std::fread(bytes_.get() + size_, 1, capacity_ - size_, file)) {
+    size_ += count;
+    if (size_ == capacity_) grow();
+  }
+  bytes_[size_] = '\0';
+}
+
+void FileBytes::grow() {
+  const std::size_t doubled = 2 * capacity_;
+  std::unique_ptr<char[]> larger(new char[doubled]);
+  std::memcpy(larger.get(), bytes_.get(), size_);
+  bytes_ = std::move(larger);
+  capacity_ = doubled;
+}
+
+}  // namespace tavrel

@@ -1,0 +1,79 @@
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "engine/Scanner.h"
+
+namespace tavrel {
+namespace {
+
+bool isWhitespace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
+
+bool isDigit(char byte) noexcept { return byte >= '0' && byte <= '9'; }
+
+bool readInteger(const char*& next, std::int32_t& number) noexcept {
+  while (isWhitespace(*next)) ++next;
+  const bool negative = *next == '-';
+  if (negative || *next == '+') ++next;
+  if (!isDigit(*next)) return false;
+  const std::int64_t limit = std::int64_t{std::numeric_limits<std::int32_t>::max()} + negative;
+  std::int64_t magnitude = 0;
+  for (; isDigit(*next); ++next) {
+    magnitude = 10 * magnitude + (*next - '0');
+    if (magnitude > limit) return false;
+  }
+  number = static_cast<std::int32_t>(negative ? -magnitude : magnitude);
+  return true;
+}
+
+}  // namespace
+
+bool Scanner::readLine(std::string_view& line) noexcept {
+  if (next_ == end_) return false;
+  const void* found = std::memchr(next_, '\n', remaining());
+  const char* lineEnd = found ? static_cast<const char*>(found) : end_;
+  line = {next_, static_cast<std::size_t>(lineEnd - next_)};
+  next_ = found ? lineEnd + 1 : end_;
+  return true;
+}
+
+bool Scanner::readLines(std::int32_t count, TextLines& lines) noexcept {
+  const char* first = next_;
+  lines = {};
+  for (std::string_view line; lines.count < count; ++lines.count) {
+    if (!readLine(line)) return false;
+    lines.widest = std::max(lines.widest, line.size());
+  }
+  lines.bytes = {first, static_cast<std::size_t>(next_ - first)};
+  return true;
+}
+
+bool Scanner::readNumbers(std::int32_t* numbers, std::size_t count) noexcept {
+  const char* next = next_;  // a local, for the compiler to keep in a register
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i > 0 && !isWhitespace(*next)) return false;
+    if (!readInteger(next, numbers[i])) return false;
+  }
+  next_ = next;
+  passRestOfLine();
+  return true;
+}
+
+void Scanner::passRestOfLine() noexcept {
+  if (*next_ == '\n') {  // mostly there is no rest
+    ++next_;
+    return;
+  }
+  std::string_view ignored;
+  readLine(ignored);
+}
+
+std::vector<std::string> copyOf(const TextLines& lines) {
+  std::vector<std::string> copy;
+  copy.reserve(static_cast<std::size_t>(lines.count));
+  Scanner scanner(lines.bytes);
+  for (std::string_view line; scanner.readLine(line);) copy.emplace_back(line);
+  return copy;
+}
+
+}  // namespace tavrel

@@ -1,0 +1,65 @@
+// Selecting a flowchart, and laying a string of answers onto it.
+
+#include <stdexcept>
+#include <utility>
+
+#include "engine/CTavrel.h"
+#include "engine/CheckedAccess.h"
+
+using tavrel::at;
+
+void CTavrel::mSetStartLocation(const std::int32_t& index) {
+  if (!isFlowchart(index)) throw std::out_of_range("CTavrel::mSetStartLocation()");
+  m_currentFlowchartIndex = index;
+  mReadFVFileIfNotAlready(m_currentFlowchartIndex);
+  putCursorOnRoot();
+}
+
+void CTavrel::mStartNewPath(const std::int32_t& index, const std::string& answers) {
+  if (!isFlowchart(index)) throw std::out_of_range("CTavrel::mStartNewPath()");
+  std::string path = answers;  // the one copy, made while nothing has changed
+  m_currentFlowchartIndex = index;
+  clearMarks();  // before the read: a flowchart that can't be read keeps its elements
+  mReadFVFileIfNotAlready(m_currentFlowchartIndex);
+  m_path = std::move(path);
+  mPreparePath();
+}
+
+void CTavrel::mPreparePath() {
+  putCursorOnRoot();
+  std::string answers = std::move(m_path);
+  m_path.clear();
+  currentElement().m_isOnPath = true;
+  std::size_t laid = 0;
+  while (laid < answers.size() && layAnswer(answers[laid])) ++laid;
+  answers.erase(0, laid);
+  m_path = std::move(answers);
+  putCursorOnRoot();
+}
+
+void CTavrel::putCursorOnRoot() {
+  m_currentLocation.m_name = at(m_flowchartFileNames, m_currentFlowchartIndex);
+  m_currentLocation.m_y = 0;
+  m_currentLocation.m_x = 0;
+  m_currentElementIndex = 0;
+}
+
+// Every prepared path marks element 0, so a flowchart whose element 0 is unmarked
+// is taken to have none.
+void CTavrel::clearMarks() {
+  std::vector<sScreenElement>& elements = at(m_screenElements, m_currentFlowchartIndex);
+  if (!at(elements, 0).m_isOnPath) return;
+  for (sScreenElement& element : elements) element.m_isOnPath = false;
+}
+
+// Marks the line along the answer's exit and the box at its end, and goes there.
+// False, with nothing done, where the box has no such exit.
+bool CTavrel::layAnswer(char answer) {
+  const sScreenElement& box = currentElement();
+  const std::int32_t exit = answer == 'y' ? box.m_yesDir : box.m_noDir;
+  if (exit == eNoDirection) return false;
+  stepTo(exit);
+  currentElement().m_isOnPath = true;
+  followLine(Line::forward, Marks::set);
+  return true;
+}

@@ -1,0 +1,85 @@
+#include <cstddef>
+#include <stdexcept>
+
+#include "facade/Utf8.h"
+
+namespace tavrel {
+namespace {
+
+bool isAscii(char byte) noexcept { return static_cast<unsigned char>(byte) < 0x80; }
+
+bool isContinuation(char byte) noexcept {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+// What a first byte promises: the length of its sequence, 0 for a byte that starts
+// none, and the range of the second byte, which keeps out overlong forms,
+// surrogates and values above U+10FFFF.
+struct Sequence {
+  std::size_t length;
+  unsigned char secondMin;
+  unsigned char secondMax;
+};
+
+Sequence sequenceOf(char first) noexcept {
+  const auto byte = static_cast<unsigned char>(first);
+  if (byte < 0x80) return {1, 0, 0};
+  if (byte < 0xC2) return {0, 0, 0};
+  if (byte < 0xE0) return {2, 0x80, 0xBF};
+  if (byte == 0xE0) return {3, 0xA0, 0xBF};
+  if (byte == 0xED) return {3, 0x80, 0x9F};
+  if (byte < 0xF0) return {3, 0x80, 0xBF};
+  if (byte == 0xF0) return {4, 0x90, 0xBF};
+  if (byte < 0xF4) return {4, 0x80, 0xBF};
+  if (byte == 0xF4) return {4, 0x80, 0x8F};
+  return {0, 0, 0};
+}
+
+// The length of the valid sequence at the front of `text`, or 0.
+std::size_t validSequence(std::string_view text) noexcept {
+  const Sequence sequence = sequenceOf(text[0]);
+  if (sequence.length > text.size()) return 0;
+  if (sequence.length < 2) return sequence.length;
+  const auto second = static_cast<unsigned char>(text[1]);
+  if (second < sequence.secondMin || second > sequence.secondMax) return 0;
+  for (std::size_t i = 2; i < sequence.length; ++i) {
+    if (!isContinuation(text[i])) return 0;
+  }
+  return sequence.length;
+}
+
+std::string_view upToNul(const std::string& text) noexcept {
+  return std::string_view(text).substr(0, text.find('\0'));
+}
+
+}  // namespace
+
+bool isUtf8(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const std::size_t length = isAscii(text[0]) ? 1 : validSequence(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+std::optional<std::string> hostText(const std::string& text) {
+  const std::string_view shown = upToNul(text);
+  if (!isUtf8(shown)) return std::nullopt;
+  return std::string(shown);
+}
+
+std::vector<std::string> hostLines(const std::vector<std::string>& lines) {
+  std::vector<std::string> result;
+  result.reserve(lines.size());
+  for (const std::string& line : lines) {
+    const std::string_view shown = upToNul(line);
+    if (!isUtf8(shown)) {
+      throw std::invalid_argument("line " + std::to_string(result.size()) + " is not valid UTF-8");
+    }
+    result.emplace_back(shown);
+  }
+  return result;
+}
+
+}  // namespace tavrel

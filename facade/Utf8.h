@@ -1,0 +1,26 @@
+// Text on its way from the engine to the host.
+
+#ifndef TAVREL_FACADE_UTF8_H
+#define TAVREL_FACADE_UTF8_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+/// Whether `text` is valid UTF-8: no overlong form, no surrogate, nothing above
+/// U+10FFFF, no sequence cut short. One pass.
+bool isUtf8(std::string_view text) noexcept;
+
+/// `text` up to its first NUL byte; std::nullopt if that is not valid UTF-8.
+std::optional<std::string> hostText(const std::string& text);
+
+/// The same for each line of a list. Throws std::invalid_argument that names the
+/// first line, counting from 0, that is not valid UTF-8.
+std::vector<std::string> hostLines(const std::vector<std::string>& lines);
+
+}  // namespace tavrel
+
+#endif  // TAVREL_FACADE_UTF8_H
