@@ -234,8 +234,8 @@ class CTavrel {
   std::vector<std::vector<std::string>> m_flowchartIntros;  // per flowchart
   // The cursor:
   sFlowchartNameAndCoordinates m_currentLocation;
-  std::int32_t m_currentFlowchartIndex;
-  std::int32_t m_currentElementIndex;
+  std::int32_t m_currentFlowchartIndex = 0;
+  std::int32_t m_currentElementIndex = 0;
 
   std::string m_directory;  // the prefix of every path, separator included
   std::string m_path;       // answers not yet laid onto a flowchart

@@ -1,6 +1,7 @@
 #include "engine/ChartFile.h"
 
 #include <algorithm>
+#include <array>
 
 #include "engine/CTavrel.h"
 
@@ -68,8 +69,9 @@ class ChartFileReader {
     return true;
   }
 
+  // node x y (ignored) (ignored) yes no
   bool readBox() {
-    std::int32_t numbers[7];
+    std::array<std::int32_t, 7> numbers;
     if (!scanner_.readNumbers(numbers)) return false;
     const Cell box = {numbers[1], numbers[2], numbers[0], exitOf(numbers[5]), exitOf(numbers[6])};
     if (static_cast<std::size_t>(box.node) >= chart_.nodes.size()) {
@@ -81,12 +83,13 @@ class ChartFileReader {
     return true;
   }
 
+  // (ignored) (ignored) (ignored) into out x y
   bool readConnectors() {
     std::int32_t count = 0;
     if (!scanner_.readNumber(count)) return false;
     makeRoom(chart_.cells, count, smallestCell);
     for (; count > 0; --count) {
-      std::int32_t numbers[7];
+      std::array<std::int32_t, 7> numbers;
       if (!scanner_.readNumbers(numbers)) return false;
       chart_.cells.push_back({numbers[5], numbers[6], 0, numbers[3], numbers[4]});
     }

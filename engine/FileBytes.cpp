@@ -8,7 +8,7 @@ namespace tavrel {
 namespace {
 
 struct Closer {
-  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+  void operator()(std::FILE* file) const noexcept { static_cast<void>(std::fclose(file)); }
 };
 
 bool namesRegularFile(const std::string& path) {
@@ -38,7 +38,8 @@ FileBytes::FileBytes(std::size_t expectedSize)
     : bytes_(new char[expectedSize + 1]), capacity_(expectedSize + 1) {}
 
 void FileBytes::readFrom(std::FILE* file) {
-  std::setvbuf(file, nullptr, _IONBF, 0);  // bytes go straight to their place
+  // Without a buffer between, bytes go straight to their place.
+  static_cast<void>(std::setvbuf(file, nullptr, _IONBF, 0));
   while (const std::size_t count = std::fread(bytes_.get() + size_, 1, capacity_ - size_, file)) {
     size_ += count;
     if (size_ == capacity_) grow();

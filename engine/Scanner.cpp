@@ -9,13 +9,19 @@ namespace {
 
 bool isWhitespace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
 
-bool isDigit(char byte) noexcept { return byte >= '0' && byte <= '9'; }
+bool isDigit(char byte) noexcept { return static_cast<unsigned char>(byte - '0') <= 9; }
+
+// Passes whitespace and a sign. Whether digits follow.
+bool passToDigits(const char*& next, bool& negative) noexcept {
+  while (isWhitespace(*next)) ++next;
+  negative = *next == '-';
+  if (negative || *next == '+') ++next;
+  return isDigit(*next);
+}
 
 bool readInteger(const char*& next, std::int32_t& number) noexcept {
-  while (isWhitespace(*next)) ++next;
-  const bool negative = *next == '-';
-  if (negative || *next == '+') ++next;
-  if (!isDigit(*next)) return false;
+  bool negative = false;
+  if (!isDigit(*next) && !passToDigits(next, negative)) return false;
   const std::int64_t limit = std::int64_t{std::numeric_limits<std::int32_t>::max()} + negative;
   std::int64_t magnitude = 0;
   for (; isDigit(*next); ++next) {
@@ -51,7 +57,7 @@ bool Scanner::readLines(std::int32_t count, TextLines& lines) noexcept {
 bool Scanner::readNumbers(std::int32_t* numbers, std::size_t count) noexcept {
   const char* next = next_;  // a local, for the compiler to keep in a register
   for (std::size_t i = 0; i < count; ++i) {
-    if (i > 0 && !isWhitespace(*next)) return false;
+    if (i > 0 && !isWhitespace(*next++)) return false;
     if (!readInteger(next, numbers[i])) return false;
   }
   next_ = next;

@@ -3,6 +3,7 @@
 #ifndef TAVREL_ENGINE_SCANNER_H
 #define TAVREL_ENGINE_SCANNER_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -44,8 +45,8 @@ class Scanner {
   /// whitespace between, line ends included. What follows the last one on its
   /// line is passed over. Fails at anything but an integer of 32 bits.
   template <std::size_t count>
-  bool readNumbers(std::int32_t (&numbers)[count]) noexcept {
-    return readNumbers(numbers, count);
+  bool readNumbers(std::array<std::int32_t, count>& numbers) noexcept {
+    return readNumbers(numbers.data(), count);
   }
 
   /// Reads a number line with one integer.

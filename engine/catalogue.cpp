@@ -95,8 +95,6 @@ CTavrel::CTavrel(const std::string& directory)
       m_flowchartFileNames(column(&CatalogueEntry::fileName)),
       m_flowchartTitles(column(&CatalogueEntry::title)),
       m_flowchartIntros(catalogue.size(), introOfUnreadFlowchart()),
-      m_currentFlowchartIndex(0),
-      m_currentElementIndex(0),
       m_directory(directory),
       m_minX(catalogue.size(), 0),
       m_maxX(catalogue.size(), 0),

@@ -162,7 +162,7 @@ void CTavrel::mReadFVFileIfNotAlready(const std::int32_t& fc) {
   const Bounds oldBounds = {at(m_minX, fc), at(m_maxX, fc), at(m_minY, fc), at(m_maxY, fc)};
   takeOver(fc, contentsOf(chart, oldBounds));
   if (chart.ending == Ending::unknownNode) tavrel::throwOutOfRange();
-  if (chart.ending == Ending::negativeCount) throw negativeCount;
+  if (chart.ending == Ending::negativeCount) throw std::length_error(negativeCount);
 }
 
 // All or nothing: only moves, which cannot fail.
