@@ -26,7 +26,9 @@
 
 namespace tavrel {
 class EngineAccess;  // the tests' view of an engine's members
+namespace engine {
 struct FlowchartContents;
+}
 }  // namespace tavrel
 
 /// Direction codes of the grid, as files and elements store them. The type is
@@ -207,7 +209,7 @@ class CTavrel {
   sScreenElement& currentElement();
 
   // reader.cpp
-  void takeOver(std::int32_t fc, tavrel::FlowchartContents&& contents) noexcept;
+  void takeOver(std::int32_t fc, tavrel::engine::FlowchartContents&& contents) noexcept;
 
   // path.cpp
   void putCursorOnRoot();

@@ -5,7 +5,7 @@
 
 #include "engine/CTavrel.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 namespace {
 
 // The fewest bytes that a node block and a cell line can take.
@@ -120,4 +120,4 @@ class ChartFileReader {
 
 ChartFile readChartFile(std::string_view bytes) { return ChartFileReader(bytes).read(); }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine

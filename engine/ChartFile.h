@@ -12,12 +12,12 @@
 
 /// The content of one or more boxes: a node block of the file, left in its bytes.
 struct sLogicalNode {
-  tavrel::TextLines m_boxLines;
-  tavrel::TextLines m_commentLines;
+  tavrel::engine::TextLines m_boxLines;
+  tavrel::engine::TextLines m_commentLines;
   std::string_view m_nextFlowchartName;
 };
 
-namespace tavrel {
+namespace tavrel::engine {
 
 /// A box cell or a connector cell. The two directions are a box's yes and no
 /// exits, a connector's directions into and out of the cell.
@@ -52,6 +52,6 @@ struct ChartFile {
 /// REQUIRES: a NUL byte stands behind the bytes.
 ChartFile readChartFile(std::string_view bytes);
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
 #endif  // TAVREL_ENGINE_CHARTFILE_H

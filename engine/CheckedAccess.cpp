@@ -1,6 +1,6 @@
 #include "engine/CheckedAccess.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 
 const std::out_of_range& outOfRange() {
   static const std::out_of_range failure("CTavrel: nothing stands there");
@@ -9,4 +9,4 @@ const std::out_of_range& outOfRange() {
 
 void throwOutOfRange() { throw std::out_of_range(outOfRange()); }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine

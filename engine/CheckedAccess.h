@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-namespace tavrel {
+namespace tavrel::engine {
 
 /// The failure that every access outside a list throws. Copying it needs no
 /// memory, so that a failed access is reported as such even when there is none.
@@ -26,6 +26,6 @@ auto at(List& list, std::int64_t index) -> decltype(list[0]) {
   return list[static_cast<std::size_t>(index)];
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
 #endif  // TAVREL_ENGINE_CHECKEDACCESS_H

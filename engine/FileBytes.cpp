@@ -4,7 +4,7 @@
 
 #include "engine/FileBytes.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 namespace {
 
 struct Closer {
@@ -55,4 +55,4 @@ void FileBytes::grow() {
   capacity_ = doubled;
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine

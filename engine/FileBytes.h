@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace tavrel {
+namespace tavrel::engine {
 
 /// The bytes of a regular file as they were when it was read.
 class FileBytes {
@@ -34,6 +34,6 @@ class FileBytes {
   std::size_t capacity_;
 };
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
 #endif  // TAVREL_ENGINE_FILEBYTES_H

@@ -10,7 +10,7 @@
 
 #include "engine/CheckedAccess.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 
 /// Row r holds the elements with y = minY + r: those whose indices stand in
 /// `elementIndices` from rowStarts[r] up to, but not including, rowStarts[r + 1],
@@ -52,6 +52,6 @@ RowIndex buildRowIndex(const std::vector<Cell>& cells, std::int32_t Cell::*y, st
   return {std::move(indices), std::move(starts)};
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
 #endif  // TAVREL_ENGINE_ROWINDEX_H

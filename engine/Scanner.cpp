@@ -4,7 +4,7 @@
 
 #include "engine/Scanner.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 namespace {
 
 bool isWhitespace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
@@ -82,4 +82,4 @@ std::vector<std::string> copyOf(const TextLines& lines) {
   return copy;
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine

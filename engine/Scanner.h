@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tavrel {
+namespace tavrel::engine {
 
 /// Text lines that follow one another in a file, left where they stand.
 struct TextLines {
@@ -60,6 +60,6 @@ class Scanner {
   const char* end_;
 };
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
 #endif  // TAVREL_ENGINE_SCANNER_H

@@ -100,7 +100,7 @@ CTavrel::CTavrel(const std::string& directory)
       m_maxX(catalogue.size(), 0),
       m_minY(catalogue.size(), 0),
       m_maxY(catalogue.size(), 0) {
-  tavrel::outOfRange();  // later it may have to be thrown with no memory left
+  tavrel::engine::outOfRange();  // later it may have to be thrown with no memory left
 }
 
 CTavrel::~CTavrel() = default;

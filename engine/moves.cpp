@@ -3,7 +3,7 @@
 #include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
 
-using tavrel::at;
+using tavrel::engine::at;
 
 namespace {
 
@@ -70,7 +70,7 @@ void CTavrel::stepTo(std::int32_t direction) {
 void CTavrel::followLine(Line way, Marks marks) {
   const std::size_t cells = currentElements().size();
   for (std::size_t steps = 0; !currentElement().m_isNode; ++steps) {
-    if (steps > cells) tavrel::throwOutOfRange();
+    if (steps > cells) tavrel::engine::throwOutOfRange();
     const sScreenElement& cell = currentElement();
     stepTo(way == Line::forward ? cell.m_directionOutOf : opposite(cell.m_directionInto));
     if (marks == Marks::set) currentElement().m_isOnPath = true;

@@ -6,7 +6,7 @@
 #include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
 
-using tavrel::at;
+using tavrel::engine::at;
 
 void CTavrel::mSetStartLocation(const std::int32_t& index) {
   if (!isFlowchart(index)) throw std::out_of_range("CTavrel::mSetStartLocation()");

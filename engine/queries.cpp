@@ -5,7 +5,7 @@
 #include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
 
-using tavrel::at;
+using tavrel::engine::at;
 
 const std::vector<sScreenElement>& CTavrel::currentElements() const {
   return at(m_screenElements, m_currentFlowchartIndex);

@@ -4,23 +4,22 @@
 // read for which memory doesn't suffice has changed nothing.
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "engine/Axis.h"
 #include "engine/CTavrel.h"
 #include "engine/ChartFile.h"
 #include "engine/CheckedAccess.h"
 #include "engine/FileBytes.h"
-#include "engine/Layout.h"
 #include "engine/RowIndex.h"
 
-using tavrel::at;
-using tavrel::Axis;
-using tavrel::Cell;
-using tavrel::ChartFile;
-using tavrel::Ending;
+using namespace tavrel::engine;
 
-namespace tavrel {
+namespace tavrel::engine {
 
 struct Bounds {
   std::int32_t minX, maxX, minY, maxY;
@@ -41,10 +40,7 @@ struct FlowchartContents {
   Bounds bounds;
 };
 
-}  // namespace tavrel
-
-using tavrel::Bounds;
-using tavrel::FlowchartContents;
+}  // namespace tavrel::engine
 
 namespace {
 
@@ -68,7 +64,7 @@ Layout layOut(const ChartFile& chart) {
   Layout layout = {axisOf(chart, &Cell::x), axisOf(chart, &Cell::y)};
   for (std::size_t i = 0; i < chart.boxCount; ++i) {
     const Cell& box = chart.cells[i];
-    const tavrel::TextLines& text = chart.nodes[static_cast<std::size_t>(box.node)].m_boxLines;
+    const TextLines& text = chart.nodes[static_cast<std::size_t>(box.node)].m_boxLines;
     layout.columns.include(box.x, text.widest);
     layout.rows.include(box.y, static_cast<std::size_t>(text.count));
   }
@@ -145,7 +141,7 @@ FlowchartContents contentsOf(const ChartFile& chart, const Bounds& oldBounds) {
   if (isLaidOut(chart)) {
     layout = layOut(chart);
     contents.rowIndex =
-        tavrel::buildRowIndex(chart.cells, &Cell::y, contents.bounds.minY, contents.bounds.maxY);
+        buildRowIndex(chart.cells, &Cell::y, contents.bounds.minY, contents.bounds.maxY);
   }
   contents.elements = elementsOf(chart, layout);
   return contents;
@@ -155,13 +151,13 @@ FlowchartContents contentsOf(const ChartFile& chart, const Bounds& oldBounds) {
 
 void CTavrel::mReadFVFileIfNotAlready(const std::int32_t& fc) {
   if (at(m_screenElements, fc).size() > 1) return;
-  const auto file = tavrel::FileBytes::read(m_directory + at(m_flowchartFileNames, fc) + ".fv");
+  const auto file = FileBytes::read(m_directory + at(m_flowchartFileNames, fc) + ".fv");
   if (!file) return;
-  const ChartFile chart = tavrel::readChartFile(file->view());
+  const ChartFile chart = readChartFile(file->view());
   const std::length_error negativeCount("CTavrel: a negative number of box cells");
   const Bounds oldBounds = {at(m_minX, fc), at(m_maxX, fc), at(m_minY, fc), at(m_maxY, fc)};
   takeOver(fc, contentsOf(chart, oldBounds));
-  if (chart.ending == Ending::unknownNode) tavrel::throwOutOfRange();
+  if (chart.ending == Ending::unknownNode) throwOutOfRange();
   if (chart.ending == Ending::negativeCount) throw std::length_error(negativeCount);
 }
 

@@ -7,7 +7,7 @@
 #include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 namespace {
 
 constexpr std::uint64_t mostRows = 16'777'216;
@@ -20,13 +20,13 @@ std::size_t rowCount(std::int32_t minY, std::int32_t maxY) {
   return static_cast<std::size_t>(rows);
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
-using tavrel::at;
+using tavrel::engine::at;
 
 void CTavrel::mBuildFCFindHelper(const std::int32_t& fc) {
-  tavrel::RowIndex index = tavrel::buildRowIndex(at(m_screenElements, fc), &sScreenElement::m_y,
-                                                 at(m_minY, fc), at(m_maxY, fc));
+  tavrel::engine::RowIndex index = tavrel::engine::buildRowIndex(
+      at(m_screenElements, fc), &sScreenElement::m_y, at(m_minY, fc), at(m_maxY, fc));
   at(m_rowElementIndices, fc) = std::move(index.elementIndices);
   at(m_rowStarts, fc) = std::move(index.rowStarts);
 }

@@ -45,15 +45,17 @@ bool ScreenElement::isOnPath() const noexcept { return isOnPath_; }
 bool ScreenElement::isNode() const noexcept { return isNode_; }
 
 std::optional<std::string> ScreenElement::nameOfNextFlowchart() const {
-  std::optional<std::string> name = tavrel::hostText(nextFlowchartName_);
+  std::optional<std::string> name = tavrel::facade::hostText(nextFlowchartName_);
   if (name && name->empty()) name.reset();
   return name;
 }
 
-std::vector<std::string> ScreenElement::boxText() const { return tavrel::hostLines(boxText_); }
+std::vector<std::string> ScreenElement::boxText() const {
+  return tavrel::facade::hostLines(boxText_);
+}
 
 std::vector<std::string> ScreenElement::commentaryText() const {
-  return tavrel::hostLines(commentaryText_);
+  return tavrel::facade::hostLines(commentaryText_);
 }
 
 std::int64_t ScreenElement::yesDirection() const noexcept { return yesDirection_; }

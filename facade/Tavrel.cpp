@@ -29,7 +29,7 @@ Tavrel::Tavrel(Tavrel&& other) noexcept = default;
 Tavrel& Tavrel::operator=(Tavrel&& other) noexcept = default;
 
 std::vector<std::string> Tavrel::flowchartTitles() const {
-  return tavrel::hostLines(engine_->mGetVectorOfFlowchartTitles());
+  return tavrel::facade::hostLines(engine_->mGetVectorOfFlowchartTitles());
 }
 
 std::int64_t Tavrel::indexOfFlowchartWithTitle(const std::string& title) const {
@@ -43,7 +43,7 @@ std::optional<std::int64_t> Tavrel::indexOfFlowchart(const std::string& title) c
 }
 
 std::vector<std::string> Tavrel::introForFlowchartAtIndex(std::int64_t index) {
-  return tavrel::hostLines(engine_->mGetFlowchartIntro(narrowed(index)));
+  return tavrel::facade::hostLines(engine_->mGetFlowchartIntro(narrowed(index)));
 }
 
 void Tavrel::startNewPathForFlowchartAtIndexYesNoString(std::int64_t index,
@@ -58,7 +58,7 @@ void Tavrel::resetToStartLocationForFlowchartAtIndex(std::int64_t index) {
 std::optional<std::string> Tavrel::getCurrentLocationWithXY(std::int64_t* x,
                                                             std::int64_t* y) const {
   const sFlowchartNameAndCoordinates location = engine_->mCurrentLocation();
-  std::optional<std::string> name = tavrel::hostText(location.m_name);
+  std::optional<std::string> name = tavrel::facade::hostText(location.m_name);
   if (x) *x = location.m_x;
   if (y) *y = location.m_y;
   return name;
@@ -77,7 +77,7 @@ ScreenBounds Tavrel::currentFlowchartBounds() const {
 }
 
 std::vector<std::string> Tavrel::currentCommentaryText() const {
-  return tavrel::hostLines(engine_->mCurrentCommentText());
+  return tavrel::facade::hostLines(engine_->mCurrentCommentText());
 }
 
 // The engine's records are copies already; their texts move on to the host.

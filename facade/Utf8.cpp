@@ -3,7 +3,7 @@
 
 #include "facade/Utf8.h"
 
-namespace tavrel {
+namespace tavrel::facade {
 namespace {
 
 bool isAscii(char byte) noexcept { return static_cast<unsigned char>(byte) < 0x80; }
@@ -82,4 +82,4 @@ std::vector<std::string> hostLines(const std::vector<std::string>& lines) {
   return result;
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::facade

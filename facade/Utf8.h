@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tavrel {
+namespace tavrel::facade {
 
 /// Whether `text` is valid UTF-8: no overlong form, no surrogate, nothing above
 /// U+10FFFF, no sequence cut short. One pass.
@@ -21,6 +21,6 @@ std::optional<std::string> hostText(const std::string& text);
 /// first line, counting from 0, that is not valid UTF-8.
 std::vector<std::string> hostLines(const std::vector<std::string>& lines);
 
-}  // namespace tavrel
+}  // namespace tavrel::facade
 
 #endif  // TAVREL_FACADE_UTF8_H

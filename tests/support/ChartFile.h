@@ -21,8 +21,6 @@
 #include <vector>
 
 namespace tavrel {
-// The engine has a ChartFile of its own, a file once scanned; this one's full name differs.
-inline namespace support {
 
 using Lines = std::vector<std::string>;
 
@@ -129,7 +127,6 @@ class ChartFile {
   std::size_t nodeCount_ = 0, boxCount_ = 0, lineCount_ = 0;
 };
 
-}  // namespace support
 }  // namespace tavrel
 
 #endif  // TAVREL_TESTS_SUPPORT_CHARTFILE_H

@@ -2,9 +2,9 @@
 #include <limits>
 #include <stdexcept>
 
-#include "engine/Layout.h"
+#include "engine/Axis.h"
 
-namespace tavrel {
+namespace tavrel::engine {
 namespace {
 
 // Up to this many slots a cell, an unused slot costs less than a search.
@@ -75,4 +75,4 @@ std::int64_t Axis::coordinateOf(std::size_t slot) const {
   return m_sparse.empty() ? m_first + static_cast<std::int64_t>(slot) : m_sparse[slot];
 }
 
-}  // namespace tavrel
+}  // namespace tavrel::engine

@@ -1,13 +1,13 @@
 // Where the columns and rows of a flowchart lie when it is drawn.
 
-#ifndef TAVREL_ENGINE_LAYOUT_H
-#define TAVREL_ENGINE_LAYOUT_H
+#ifndef TAVREL_ENGINE_AXIS_H
+#define TAVREL_ENGINE_AXIS_H
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-namespace tavrel {
+namespace tavrel::engine {
 
 /// The columns of a flowchart, or its rows, along one axis of the grid: each as
 /// large as the largest cell in it, centred at a position counted from the centre
@@ -47,6 +47,6 @@ class Axis {
   std::vector<std::int64_t> m_slots;  // sizes until place(), positions after it
 };
 
-}  // namespace tavrel
+}  // namespace tavrel::engine
 
-#endif  // TAVREL_ENGINE_LAYOUT_H
+#endif  // TAVREL_ENGINE_AXIS_H
