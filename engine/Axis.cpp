@@ -61,16 +61,6 @@ void Axis::placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap
   }
 }
 
-std::int32_t Axis::position(std::int32_t coordinate) const {
-  return m_slots.empty() ? 0 : static_cast<std::int32_t>(m_slots[slotOf(coordinate)]);
-}
-
-std::size_t Axis::slotOf(std::int32_t coordinate) const {
-  if (m_sparse.empty()) return static_cast<std::size_t>(coordinate - m_first);
-  const auto found = std::lower_bound(m_sparse.begin(), m_sparse.end(), coordinate);
-  return static_cast<std::size_t>(found - m_sparse.begin());
-}
-
 std::int64_t Axis::coordinateOf(std::size_t slot) const {
   return m_sparse.empty() ? m_first + static_cast<std::int64_t>(slot) : m_sparse[slot];
 }

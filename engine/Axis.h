@@ -3,6 +3,7 @@
 #ifndef TAVREL_ENGINE_AXIS_H
 #define TAVREL_ENGINE_AXIS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -33,10 +34,16 @@ class Axis {
   void place(std::int64_t gap);
 
   /// The position of a coordinate, once place() has been called.
-  std::int32_t position(std::int32_t coordinate) const;
+  std::int32_t position(std::int32_t coordinate) const {
+    return m_slots.empty() ? 0 : static_cast<std::int32_t>(m_slots[slotOf(coordinate)]);
+  }
 
  private:
-  std::size_t slotOf(std::int32_t coordinate) const;
+  std::size_t slotOf(std::int32_t coordinate) const {
+    if (m_sparse.empty()) return static_cast<std::size_t>(coordinate - m_first);
+    const auto found = std::lower_bound(m_sparse.begin(), m_sparse.end(), coordinate);
+    return static_cast<std::size_t>(found - m_sparse.begin());
+  }
   std::int64_t coordinateOf(std::size_t slot) const;
   void placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap);
 
