@@ -1,8 +1,7 @@
-#include <algorithm>
-#include <limits>
-#include <stdexcept>
-
 #include "engine/Axis.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace tavrel::engine {
 namespace {
@@ -21,48 +20,47 @@ Axis::Axis(std::vector<std::int32_t> coordinates) {
   coordinates.push_back(0);
   const auto [first, last] = std::minmax_element(coordinates.begin(), coordinates.end());
   const std::int64_t reach = std::int64_t{*last} - *first + 1;
-  m_first = *first;
+  first_ = *first;
   if (reach > slotsPerCell * static_cast<std::int64_t>(coordinates.size())) {
     sortAndUnite(coordinates);
-    m_sparse = std::move(coordinates);
-    m_slots.assign(m_sparse.size(), 0);
+    sparse_ = std::move(coordinates);
+    slots_.assign(sparse_.size(), 0);
   } else {
-    m_slots.assign(static_cast<std::size_t>(reach), 0);
+    slots_.assign(static_cast<std::size_t>(reach), 0);
   }
 }
 
 void Axis::include(std::int32_t coordinate, std::size_t size) {
-  std::int64_t& slot = m_slots[slotOf(coordinate)];
+  std::int64_t& slot = slots_[slotOf(coordinate)];
   slot = std::max(slot, static_cast<std::int64_t>(size));
 }
 
-void Axis::place(std::int64_t gap) {
+bool Axis::place(std::int64_t gap) {
   const std::size_t origin = slotOf(0);
-  placeToward(+1, origin, gap);
-  placeToward(-1, origin, gap);
-  m_slots[origin] = 0;
+  if (!placeToward(+1, origin, gap) || !placeToward(-1, origin, gap)) return false;
+  slots_[origin] = 0;
+  return true;
 }
 
-void Axis::placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap) {
+bool Axis::placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap) {
   std::int64_t position = 0;
-  std::int64_t size = m_slots[origin];
+  std::int64_t size = slots_[origin];
   std::int64_t coordinate = 0;
   // Stepping below slot 0 wraps to a slot far beyond the last.
-  for (std::size_t slot = origin + static_cast<std::size_t>(step); slot < m_slots.size();
+  for (std::size_t slot = origin + static_cast<std::size_t>(step); slot < slots_.size();
        slot += static_cast<std::size_t>(step)) {
     const std::int64_t gaps = step * (coordinateOf(slot) - coordinate);
-    position += step * (size + m_slots[slot] + gap * gaps);
-    if (position != static_cast<std::int32_t>(position)) {
-      throw std::length_error("CTavrel: the flowchart is too large to lay out");
-    }
+    position += step * (size + slots_[slot] + gap * gaps);
+    if (position != static_cast<std::int32_t>(position)) return false;
     coordinate = coordinateOf(slot);
-    size = m_slots[slot];
-    m_slots[slot] = position;
+    size = slots_[slot];
+    slots_[slot] = position;
   }
+  return true;
 }
 
 std::int64_t Axis::coordinateOf(std::size_t slot) const {
-  return m_sparse.empty() ? m_first + static_cast<std::int64_t>(slot) : m_sparse[slot];
+  return sparse_.empty() ? first_ + static_cast<std::int64_t>(slot) : sparse_[slot];
 }
 
 }  // namespace tavrel::engine

@@ -29,29 +29,31 @@ class Axis {
   /// REQUIRES: the axis was made with this coordinate and place() is still to come.
   void include(std::int32_t coordinate, std::size_t size);
 
-  /// Computes the positions, neighbours lying half of both their sizes plus `gap`
-  /// apart. Throws std::length_error if one of them passes 32 bits.
-  void place(std::int64_t gap);
+  /// Computes the positions: the centres of neighbours lie both their sizes plus
+  /// `gap` apart, in half units. False, with the positions of no use, if one of
+  /// them passes 32 bits.
+  bool place(std::int64_t gap);
 
-  /// The position of a coordinate, once place() has been called.
+  /// The position of a coordinate. REQUIRES: place() was called, or the axis was
+  /// made without coordinates.
   std::int32_t position(std::int32_t coordinate) const {
-    return m_slots.empty() ? 0 : static_cast<std::int32_t>(m_slots[slotOf(coordinate)]);
+    return slots_.empty() ? 0 : static_cast<std::int32_t>(slots_[slotOf(coordinate)]);
   }
 
  private:
   std::size_t slotOf(std::int32_t coordinate) const {
-    if (m_sparse.empty()) return static_cast<std::size_t>(coordinate - m_first);
-    const auto found = std::lower_bound(m_sparse.begin(), m_sparse.end(), coordinate);
-    return static_cast<std::size_t>(found - m_sparse.begin());
+    if (sparse_.empty()) return static_cast<std::size_t>(coordinate - first_);
+    const auto found = std::lower_bound(sparse_.begin(), sparse_.end(), coordinate);
+    return static_cast<std::size_t>(found - sparse_.begin());
   }
   std::int64_t coordinateOf(std::size_t slot) const;
-  void placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap);
+  bool placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap);
 
   // A slot for each coordinate between the first and the last where these lie
-  // close together; otherwise one for each coordinate in m_sparse, ascending.
-  std::int64_t m_first = 0;
-  std::vector<std::int32_t> m_sparse;
-  std::vector<std::int64_t> m_slots;  // sizes until place(), positions after it
+  // close together; otherwise one for each coordinate in sparse_, ascending.
+  std::int64_t first_ = 0;
+  std::vector<std::int32_t> sparse_;
+  std::vector<std::int64_t> slots_;  // sizes until place(), positions after it
 };
 
 }  // namespace tavrel::engine

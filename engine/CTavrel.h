@@ -93,20 +93,23 @@ class CTavrel {
   /// file that cannot be opened, or is anything but a regular file, changes
   /// nothing. A file that ends early or holds something that is no 32-bit integer
   /// where one belongs is read up to there: the line, block or cell at fault is
-  /// dropped, and without a whole cell the elements stay what they were.
+  /// dropped, and without a whole cell the elements stay what they were. A complete
+  /// file without cells leaves no elements at all.
   ///
   /// Throws std::out_of_range for a box cell whose node number names no node: the
   /// introduction is replaced, the elements are the boxes before it, the bounds
   /// take it in, and offsets and row index are not computed. Throws
   /// std::length_error for a negative number of box cells, the introduction
   /// replaced and the elements empty; and, with nothing changed, for more than
-  /// 16,777,216 rows or layout offsets beyond 32 bits.
+  /// 16,777,216 rows between the bounds, which never shrink, or layout offsets
+  /// beyond 32 bits.
   ///
   /// Time and memory follow the size of the file, never the numbers in it, but
   /// for four bytes a row.
   void mReadFVFileIfNotAlready(const std::int32_t& fc);
 
   /// The introduction, read if need be; "No such flowchart" outside the catalogue.
+  /// A read that was made stands where the copy finds no memory.
   std::vector<std::string> mGetFlowchartIntro(const std::int32_t& fc);
 
   // --- path.cpp: selecting, and laying answers onto a flowchart -------------
@@ -117,12 +120,18 @@ class CTavrel {
 
   /// Makes the flowchart current, clears its marks if element 0 has one, reads it,
   /// stores the answers and prepares the path. Outside the catalogue throws
-  /// std::out_of_range, "CTavrel::mStartNewPath()".
+  /// std::out_of_range, "CTavrel::mStartNewPath()"; without an element 0, before it
+  /// reads, another. What the read and mPreparePath throw passes, the flowchart
+  /// being current.
   void mStartNewPath(const std::int32_t& index, const std::string& answers);
 
   /// Marks what the stored answers pass from element 0 on, keeps from the first
   /// one that cannot be followed, and returns the cursor to element 0. A byte
   /// 'y' is yes, any other no. Allocates nothing.
+  ///
+  /// Throws std::out_of_range without an element 0, and where a line leads to no
+  /// box: the marks set so far stay, as does the cursor, and the answers are gone.
+  /// While no flowchart is current it throws with nothing changed.
   void mPreparePath();
 
   // --- row_index.cpp: which element stands where ----------------------------
@@ -161,9 +170,11 @@ class CTavrel {
   /// One box along the marks, yes before no; on a marked box with a link, into
   /// that flowchart, which is read and gets the answers still stored. A link to an
   /// unknown name leaves -1 as the current flowchart and throws std::out_of_range.
+  /// An exit into an empty cell throws it with nothing changed.
   void mMoveOnPath();
 
-  /// To (0, 0), whatever stands there; the element index may become -1.
+  /// To (0, 0), whatever stands there; the element index may become -1. Throws
+  /// std::out_of_range, at (0, 0) already, while no flowchart is current.
   void mMoveRoot();
 
   // --- queries.cpp: read-only questions about the current flowchart ---------
@@ -209,7 +220,8 @@ class CTavrel {
   sScreenElement& currentElement();
 
   // reader.cpp
-  void takeOver(std::int32_t fc, tavrel::engine::FlowchartContents&& contents) noexcept;
+  tavrel::engine::FlowchartContents contentsToRead(std::int32_t fc) const;
+  void takeOver(std::int32_t fc, tavrel::engine::FlowchartContents&& contents);
 
   // path.cpp
   void putCursorOnRoot();
@@ -218,12 +230,13 @@ class CTavrel {
 
   // moves.cpp
   void stepTo(std::int32_t direction);
+  void standOn(std::int32_t direction, std::int32_t elementIndex);
   void followLine(Line way, Marks marks);
   void moveOnGrid(eXYDirection direction);
   void moveBackOnGrid(eXYDirection direction);
   void moveAlongExit(std::int32_t exit);
   void followLink();
-  bool isNextCellOnPath(std::int32_t exit) const;
+  bool moveAlongMarkedExit(std::int32_t exit);
   std::int32_t findNeighbour(std::int32_t direction) const;
 
   // Per flowchart, by catalogue index:

@@ -5,17 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
+
+#include "engine/Failures.h"
 
 namespace tavrel::engine {
-
-/// The failure that every access outside a list throws. Copying it needs no
-/// memory, so that a failed access is reported as such even when there is none.
-/// The first call creates it; every engine makes that call when it is built.
-const std::out_of_range& outOfRange();
-
-/// Throws a copy of outOfRange().
-[[noreturn]] void throwOutOfRange();
 
 /// Element `index` of `list`. Throws std::out_of_range for an index below 0 or
 /// not below its size. Unlike the list's own `at` it takes -1, the index of

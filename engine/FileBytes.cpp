@@ -1,8 +1,9 @@
+#include "engine/FileBytes.h"
+
 #include <cstring>
 #include <filesystem>
 #include <system_error>
-
-#include "engine/FileBytes.h"
+#include <utility>
 
 namespace tavrel::engine {
 namespace {

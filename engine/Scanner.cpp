@@ -1,8 +1,8 @@
+#include "engine/Scanner.h"
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
-
-#include "engine/Scanner.h"
 
 namespace tavrel::engine {
 namespace {

@@ -1,10 +1,11 @@
 // The fixed catalogue of flowcharts, and an engine that has read none of them.
 
+#include "engine/CTavrel.h"
+
 #include <algorithm>
 #include <array>
 
-#include "engine/CTavrel.h"
-#include "engine/CheckedAccess.h"
+#include "engine/Failures.h"
 
 namespace {
 
@@ -100,7 +101,7 @@ CTavrel::CTavrel(const std::string& directory)
       m_maxX(catalogue.size(), 0),
       m_minY(catalogue.size(), 0),
       m_maxY(catalogue.size(), 0) {
-  tavrel::engine::outOfRange();  // later it may have to be thrown with no memory left
+  tavrel::engine::prepareFailures();
 }
 
 CTavrel::~CTavrel() = default;

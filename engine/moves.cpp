@@ -1,15 +1,15 @@
 // The cursor's moves.
 
 #include "engine/CTavrel.h"
+
 #include "engine/CheckedAccess.h"
 
-using tavrel::engine::at;
+using namespace tavrel::engine;
 
 namespace {
 
-constexpr std::int32_t opposite(std::int32_t direction) noexcept {
-  return direction >= eYPlus && direction <= eXMinus ? direction ^ 2 : direction;
-}
+// Swaps 0 with 2 and 1 with 3; a number that steps nowhere becomes another such.
+constexpr std::int32_t opposite(std::int32_t direction) noexcept { return direction ^ 2; }
 
 // A coordinate after a step, its low 32 bits.
 std::int32_t stepped(std::int32_t coordinate, std::int32_t step) noexcept {
@@ -37,13 +37,8 @@ void CTavrel::mMoveNo() { moveAlongExit(currentElement().m_noDir); }
 void CTavrel::mMoveOnPath() {
   const sScreenElement& box = currentElement();
   if (!box.m_isOnPath) return;
-  if (!box.m_newFlowchartName.empty()) {
-    followLink();
-  } else if (isNextCellOnPath(box.m_yesDir)) {
-    mMoveYes();
-  } else if (isNextCellOnPath(box.m_noDir)) {
-    mMoveNo();
-  }
+  if (!box.m_newFlowchartName.empty()) return followLink();
+  if (!moveAlongMarkedExit(box.m_yesDir)) moveAlongMarkedExit(box.m_noDir);
 }
 
 void CTavrel::mMoveRoot() {
@@ -58,22 +53,29 @@ sScreenElement& CTavrel::currentElement() {
 
 // Moves the cursor by one cell and looks up what stands there, be it nothing.
 void CTavrel::stepTo(std::int32_t direction) {
+  standOn(direction, m_currentElementIndex);
+  m_currentElementIndex =
+      mFind(m_currentFlowchartIndex, m_currentLocation.m_x, m_currentLocation.m_y);
+}
+
+// Moves the cursor by one cell, onto an element known to stand there.
+void CTavrel::standOn(std::int32_t direction, std::int32_t elementIndex) {
   const auto code = static_cast<eXYDirection>(direction);
   m_currentLocation.m_x = stepped(m_currentLocation.m_x, mDirectionX(code));
   m_currentLocation.m_y = stepped(m_currentLocation.m_y, mDirectionY(code));
-  m_currentElementIndex =
-      mFind(m_currentFlowchartIndex, m_currentLocation.m_x, m_currentLocation.m_y);
+  m_currentElementIndex = elementIndex;
 }
 
 // Goes on to the first box. A line has no more cells than the flowchart; one that
 // takes more steps goes round in a loop, or stands still.
 void CTavrel::followLine(Line way, Marks marks) {
-  const std::size_t cells = currentElements().size();
-  for (std::size_t steps = 0; !currentElement().m_isNode; ++steps) {
-    if (steps > cells) tavrel::engine::throwOutOfRange();
-    const sScreenElement& cell = currentElement();
+  std::vector<sScreenElement>& elements = at(m_screenElements, m_currentFlowchartIndex);
+  for (std::size_t steps = 0;; ++steps) {
+    sScreenElement& cell = at(elements, m_currentElementIndex);
+    if (marks == Marks::set) cell.m_isOnPath = true;
+    if (cell.m_isNode) return;
+    if (steps > elements.size()) throwOutOfRange();
     stepTo(way == Line::forward ? cell.m_directionOutOf : opposite(cell.m_directionInto));
-    if (marks == Marks::set) currentElement().m_isOnPath = true;
   }
 }
 
@@ -103,7 +105,7 @@ void CTavrel::moveBackOnGrid(eXYDirection direction) {
                              ? neighbour.m_yesDir == here || neighbour.m_noDir == here
                              : neighbour.m_directionOutOf == here;
   if (!leadsHere) return;
-  stepTo(direction);
+  standOn(direction, neighbourIndex);
   followLine(Line::backward, Marks::keep);
 }
 
@@ -113,8 +115,14 @@ void CTavrel::followLink() {
   mPreparePath();
 }
 
-bool CTavrel::isNextCellOnPath(std::int32_t exit) const {
-  return exit != eNoDirection && at(currentElements(), findNeighbour(exit)).m_isOnPath;
+// False, with nothing done, where there is no exit or its first cell is unmarked.
+bool CTavrel::moveAlongMarkedExit(std::int32_t exit) {
+  if (exit == eNoDirection) return false;
+  const std::int32_t next = findNeighbour(exit);
+  if (!at(currentElements(), next).m_isOnPath) return false;
+  standOn(exit, next);
+  followLine(Line::forward, Marks::keep);
+  return true;
 }
 
 std::int32_t CTavrel::findNeighbour(std::int32_t direction) const {

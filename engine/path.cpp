@@ -1,12 +1,14 @@
 // Selecting a flowchart, and laying a string of answers onto it.
 
+#include "engine/CTavrel.h"
+
 #include <stdexcept>
 #include <utility>
 
-#include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
+#include "engine/FlowchartContents.h"
 
-using tavrel::engine::at;
+using namespace tavrel::engine;
 
 void CTavrel::mSetStartLocation(const std::int32_t& index) {
   if (!isFlowchart(index)) throw std::out_of_range("CTavrel::mSetStartLocation()");
@@ -15,12 +17,16 @@ void CTavrel::mSetStartLocation(const std::int32_t& index) {
   putCursorOnRoot();
 }
 
+// All that may want memory comes before anything but the selection changes.
 void CTavrel::mStartNewPath(const std::int32_t& index, const std::string& answers) {
   if (!isFlowchart(index)) throw std::out_of_range("CTavrel::mStartNewPath()");
-  std::string path = answers;  // the one copy, made while nothing has changed
+  std::string path = answers;
   m_currentFlowchartIndex = index;
-  clearMarks();  // before the read: a flowchart that can't be read keeps its elements
-  mReadFVFileIfNotAlready(m_currentFlowchartIndex);
+  // Every prepared path marks element 0, so without a mark there no other is looked for.
+  const bool hasMarks = at(currentElements(), 0).m_isOnPath;
+  FlowchartContents contents = contentsToRead(index);
+  if (hasMarks) clearMarks();
+  takeOver(index, std::move(contents));
   m_path = std::move(path);
   mPreparePath();
 }
@@ -44,12 +50,10 @@ void CTavrel::putCursorOnRoot() {
   m_currentElementIndex = 0;
 }
 
-// Every prepared path marks element 0, so a flowchart whose element 0 is unmarked
-// is taken to have none.
 void CTavrel::clearMarks() {
-  std::vector<sScreenElement>& elements = at(m_screenElements, m_currentFlowchartIndex);
-  if (!at(elements, 0).m_isOnPath) return;
-  for (sScreenElement& element : elements) element.m_isOnPath = false;
+  for (sScreenElement& element : at(m_screenElements, m_currentFlowchartIndex)) {
+    element.m_isOnPath = false;
+  }
 }
 
 // Marks the line along the answer's exit and the box at its end, and goes there.
@@ -59,7 +63,6 @@ bool CTavrel::layAnswer(char answer) {
   const std::int32_t exit = answer == 'y' ? box.m_yesDir : box.m_noDir;
   if (exit == eNoDirection) return false;
   stepTo(exit);
-  currentElement().m_isOnPath = true;
   followLine(Line::forward, Marks::set);
   return true;
 }

@@ -1,8 +1,9 @@
 // Read-only questions about the current flowchart.
 
+#include "engine/CTavrel.h"
+
 #include <algorithm>
 
-#include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
 
 using tavrel::engine::at;

@@ -2,7 +2,7 @@
 
 #include "engine/RowIndex.h"
 
-#include <stdexcept>
+#include <limits>
 
 #include "engine/CTavrel.h"
 #include "engine/CheckedAccess.h"
@@ -11,13 +11,13 @@ namespace tavrel::engine {
 namespace {
 
 constexpr std::uint64_t mostRows = 16'777'216;
+constexpr std::size_t mostElements = std::numeric_limits<std::int32_t>::max();
 
 }  // namespace
 
-std::size_t rowCount(std::int32_t minY, std::int32_t maxY) {
+bool canBeIndexed(std::int32_t minY, std::int32_t maxY, std::size_t elementCount) {
   const auto rows = static_cast<std::uint64_t>(std::int64_t{maxY} - minY + 1);
-  if (rows > mostRows) throw std::length_error("CTavrel: the flowchart has too many rows");
-  return static_cast<std::size_t>(rows);
+  return rows <= mostRows && elementCount <= mostElements;
 }
 
 }  // namespace tavrel::engine

@@ -1,7 +1,8 @@
+#include "facade/Tavrel.h"
+
 #include <utility>
 
 #include "engine/CTavrel.h"
-#include "facade/Tavrel.h"
 #include "facade/Utf8.h"
 
 namespace {

@@ -19,7 +19,8 @@
 //  4. A flowchart's file, DIRECTORY/NAME.fv, is read when the flowchart is first
 //     selected, and kept. A flowchart whose file is missing, unreadable or
 //     malformed before its first cell shows one box, "Flowchart not read", and
-//     is tried again at the next selection.
+//     is tried again at the next selection; so is one whose file holds a single
+//     cell, or none, which leaves the flowchart without any element.
 //  5. Integers are 64 bits wide here and 32 bits wide inside. Arguments keep
 //     their low 32 bits, so 4294967296 means 0. Coordinates and offsets come
 //     back with their sign; direction codes come back without one, so a stored
@@ -192,7 +193,8 @@ class TAVREL_EXPORT Tavrel {
   /// for an index outside the catalogue, and "Unable to read this flowchart
   /// intro." while its file cannot be read. Reads the file if it is not read
   /// yet, and may then throw what a selection throws; a read that was made
-  /// stands even where std::invalid_argument reports a line that is not UTF-8.
+  /// stands even where std::invalid_argument reports a line that is not UTF-8, or
+  /// where memory does not suffice for the copy.
   /// The cursor stays where it is.
   std::vector<std::string> introForFlowchartAtIndex(std::int64_t index);
 
@@ -207,9 +209,9 @@ class TAVREL_EXPORT Tavrel {
   //                      for a box cell that names a text the file doesn't have,
   //                      the flowchart current and cut short there;
   //   std::length_error  for a negative number of box cells, the flowchart left
-  //                      empty; and for a chart of more than 16,777,216 rows or
-  //                      with layout offsets beyond 32 bits, the flowchart left
-  //                      as it was.
+  //                      empty; and for more than 16,777,216 rows between its
+  //                      bounds, or layout offsets beyond 32 bits, the flowchart
+  //                      left as it was.
 
   /// Selects the flowchart and lays `answers` onto it from its root, one byte
   /// for each box that is left: a lower-case y follows the yes exit, any other
@@ -219,7 +221,9 @@ class TAVREL_EXPORT Tavrel {
   /// answers are kept for the flowchart that `moveAlongPath` enters.
   ///
   /// Throws std::out_of_range also when a line does not lead to a box, marks set
-  /// so far kept, and for a flowchart that was read before and has no elements.
+  /// so far kept and the answers gone; and for a flowchart without elements: found
+  /// so before it is read again, only the selection has changed, and found so by
+  /// this read, the cursor stands at (0, 0) and the answers are gone.
   /// Cost beyond reading: one find for each cell passed, and, where an older
   /// path is marked, one pass over the flowchart.
   void startNewPathForFlowchartAtIndexYesNoString(std::int64_t index, const std::string& answers);
@@ -241,8 +245,9 @@ class TAVREL_EXPORT Tavrel {
   /// The same as (file name, x, y).
   std::tuple<std::string, std::int64_t, std::int64_t> currentLocation() const;
 
-  /// The smallest and largest x and y of the flowchart's cells; the origin is
-  /// always inside. All 0 for a flowchart that is not read.
+  /// The smallest and largest x and y of the flowchart's cells, of all that were
+  /// ever read for it; the origin is always inside. All 0 for a flowchart that is
+  /// not read.
   ScreenBounds currentFlowchartBounds() const;
 
   /// The commentary of the element under the cursor, line by line. Throws
@@ -270,7 +275,8 @@ class TAVREL_EXPORT Tavrel {
   // --- Moving --------------------------------------------------------------
   //
   // A move ends on a box and passes over connector cells on the way. Cost: one
-  // find for each cell passed; no allocation.
+  // find for each cell passed; no allocation, but for moveBack and for the reading
+  // of a flowchart that moveAlongPath enters.
 
   /// Moves one box in a grid direction: along an exit of the current box that
   /// leaves that way; where it has none, back to the box whose line arrives from
@@ -307,8 +313,8 @@ class TAVREL_EXPORT Tavrel {
   /// looking at the neighbouring cells; the first in the order of
   /// `elementsInBounds` wins, its yes exit before its no exit. Keeps no history,
   /// so a box at the far end of a line is not seen. Throws std::out_of_range when
-  /// an exit of a box looked at leads to an empty cell. Copies up to nine
-  /// elements.
+  /// an exit of a box looked at leads to an empty cell. Copies the elements of
+  /// nine cells, and one for each exit it tries.
   void moveBack();
 
  private:

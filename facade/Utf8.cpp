@@ -1,7 +1,7 @@
+#include "facade/Utf8.h"
+
 #include <cstddef>
 #include <stdexcept>
-
-#include "facade/Utf8.h"
 
 namespace tavrel::facade {
 namespace {
@@ -69,17 +69,14 @@ std::optional<std::string> hostText(const std::string& text) {
   return std::string(shown);
 }
 
-std::vector<std::string> hostLines(const std::vector<std::string>& lines) {
-  std::vector<std::string> result;
-  result.reserve(lines.size());
-  for (const std::string& line : lines) {
-    const std::string_view shown = upToNul(line);
-    if (!isUtf8(shown)) {
-      throw std::invalid_argument("line " + std::to_string(result.size()) + " is not valid UTF-8");
+std::vector<std::string> hostLines(std::vector<std::string> lines) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    lines[i].resize(upToNul(lines[i]).size());
+    if (!isUtf8(lines[i])) {
+      throw std::invalid_argument("line " + std::to_string(i) + " is not valid UTF-8");
     }
-    result.emplace_back(shown);
   }
-  return result;
+  return lines;
 }
 
 }  // namespace tavrel::facade
