@@ -1,0 +1,31 @@
+// The subcommands. What they were asked for goes to standard output.
+
+#ifndef TAVREL_HOSTS_TAVREL_COMMANDS_H
+#define TAVREL_HOSTS_TAVREL_COMMANDS_H
+
+#include <optional>
+#include <string>
+
+namespace tavrel {
+
+/// The command line, taken apart. What was not given is empty.
+struct Arguments {
+  std::optional<std::string> charts;  ///< the folder of the .fv files
+  std::string name;                   ///< a flowchart's name or title
+  std::string answers;
+};
+
+// All throw Failure for wrong usage and unreadable input.
+
+/// Lists the flowcharts: index, name, whether the file is there, title.
+void listCharts(const Arguments& arguments);
+
+/// Prints a flowchart's introduction.
+void printIntroduction(const Arguments& arguments);
+
+/// Walks a flowchart: on the terminal's screen where there is one, else in lines.
+void walkCharts(const Arguments& arguments);
+
+}  // namespace tavrel
+
+#endif  // TAVREL_HOSTS_TAVREL_COMMANDS_H

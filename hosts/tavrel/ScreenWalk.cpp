@@ -1,0 +1,179 @@
+#include "hosts/tavrel/ScreenWalk.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "hosts/tavrel/ChoiceList.h"
+#include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/Help.h"
+#include "hosts/tavrel/Introduction.h"
+#include "hosts/tavrel/Page.h"
+#include "hosts/tavrel/Words.h"
+
+namespace tavrel {
+namespace {
+
+std::optional<WalkStep> stepOf(const KeyPress& press) {
+  switch (press.key) {
+    case Key::up:
+      return WalkStep::up;
+    case Key::down:
+      return WalkStep::down;
+    case Key::left:
+      return WalkStep::left;
+    case Key::right:
+      return WalkStep::right;
+    case Key::character:
+      break;
+    default:
+      return std::nullopt;
+  }
+  switch (press.character) {
+    case 'y':
+      return WalkStep::yes;
+    case 'n':
+      return WalkStep::no;
+    case 'r':
+      return WalkStep::root;
+    case ' ':
+      return WalkStep::alongPath;
+    default:
+      return std::nullopt;
+  }
+}
+
+ChoiceList listOf(const Library& library, std::int64_t current) {
+  constexpr std::size_t nameColumns = 10;
+  std::vector<Choice> choices;
+  for (const CatalogueEntry& entry : library.entries()) {
+    const bool hasFile = library.hasFile(entry);
+    std::string text = entry.name;
+    text.resize(std::max(nameColumns, text.size() + 1), ' ');
+    choices.push_back({text + (hasFile ? "" : "(no file) ") + entry.title, hasFile});
+  }
+  return ChoiceList(std::move(choices), static_cast<int>(current));
+}
+
+}  // namespace
+
+ScreenWalk::ScreenWalk(const Library& library, Terminal& terminal, Charset charset)
+    : walk_(library), terminal_(terminal), charset_(charset), view_(terminal, charset) {}
+
+void ScreenWalk::walk(const CatalogueEntry& chart, const std::string& answers) {
+  const Outcome outcome = answers.empty() ? walk_.enter(chart) : walk_.enter(chart, answers);
+  if (outcome != Outcome::moved) throw Failure(entryRefusalOf(walk_.library(), chart, outcome));
+  run();
+}
+
+void ScreenWalk::walkFromList() {
+  if (pickChart()) run();
+}
+
+void ScreenWalk::run() {
+  do {
+    view_.draw(walk_, message_);
+    message_.clear();
+  } while (obey(terminal_.readKey()));
+}
+
+// False at the key that ends the walk.
+bool ScreenWalk::obey(const KeyPress& press) {
+  if (const auto step = stepOf(press)) {
+    take(*step);
+    return true;
+  }
+  switch (press.key) {
+    case Key::character:
+      return obeyCharacter(press.character);
+    case Key::backspace:
+      back();
+      return true;
+    case Key::enter:
+      followLink();
+      return true;
+    case Key::pageUp:
+      view_.scrollCommentary(-1);
+      return true;
+    case Key::pageDown:
+      view_.scrollCommentary(1);
+      return true;
+    default:
+      return press.key != Key::interrupted;
+  }
+}
+
+bool ScreenWalk::obeyCharacter(char character) {
+  switch (character) {
+    case 'b':
+      back();
+      break;
+    case 'i':
+      showIntro();
+      break;
+    case 'l':
+      pickChart();
+      break;
+    case '?':
+      showHelp();
+      break;
+    case 'q':
+      return false;
+    default:
+      message_ = "? shows what the keys do.";
+  }
+  return true;
+}
+
+void ScreenWalk::take(WalkStep step) {
+  const std::int64_t before = walk_.chart().index;
+  const Outcome outcome = walk_.take(step);
+  if (outcome != Outcome::moved) return say(refusalOf(walk_, step, outcome));
+  view_.placeChanged();
+  if (walk_.chart().index != before) view_.chartChanged();
+}
+
+void ScreenWalk::followLink() {
+  const Outcome outcome = walk_.followLink();
+  if (outcome != Outcome::moved) return say(linkRefusalOf(walk_, outcome));
+  view_.chartChanged();
+}
+
+void ScreenWalk::back() {
+  const std::int64_t before = walk_.chart().index;
+  if (walk_.back() != Outcome::moved) return say("the walk began here");
+  view_.placeChanged();
+  if (walk_.chart().index != before) view_.chartChanged();
+}
+
+// False if the list was left without a choice.
+bool ScreenWalk::pickChart() {
+  const Library& library = walk_.library();
+  ChoiceList list = listOf(library, walk_.hasEntered() ? walk_.chart().index : 0);
+  std::string title = "Pick a flowchart: arrows, first letter, Enter; q leaves";
+  while (const auto picked = list.pick(terminal_, title)) {
+    const CatalogueEntry& chart = library.entry(*picked);
+    const Outcome outcome = walk_.enter(chart);
+    if (outcome == Outcome::moved) {
+      view_.chartChanged();
+      return true;
+    }
+    title = printable(sentence(entryRefusalOf(library, chart, outcome)), charset_);
+  }
+  return false;
+}
+
+void ScreenWalk::showIntro() try {
+  const std::vector<std::string> lines = introductionOf(walk_.library(), walk_.chart(), charset_);
+  showPage(terminal_, printable(walk_.chart().title, charset_),
+           [&](int width) { return wrapped(lines, width); });
+} catch (const Failure& failure) {
+  say(failure.what());
+}
+
+void ScreenWalk::showHelp() { showPage(terminal_, "Keys", helpLines); }
+
+void ScreenWalk::say(const std::string& refusal) { message_ = sentence(refusal); }
+
+}  // namespace tavrel

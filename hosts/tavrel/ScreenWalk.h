@@ -1,0 +1,47 @@
+// A walk on the terminal's screen: what the keys do.
+
+#ifndef TAVREL_HOSTS_TAVREL_SCREENWALK_H
+#define TAVREL_HOSTS_TAVREL_SCREENWALK_H
+
+#include <string>
+
+#include "hosts/tavrel/Terminal.h"
+#include "hosts/tavrel/Walk.h"
+#include "hosts/tavrel/WalkView.h"
+
+namespace tavrel {
+
+class ScreenWalk {
+ public:
+  /// A walk through the flowcharts of `library` on `terminal`; both must outlive it.
+  ScreenWalk(const Library& library, Terminal& terminal, Charset charset);
+
+  /// Walks from the root of `chart` with the answers (y and n) laid out as its path,
+  /// until a key or a signal ends it. Throws Failure if the chart can't be walked.
+  void walk(const CatalogueEntry& chart, const std::string& answers);
+
+  /// Walks from the chart picked from the list, if one is.
+  void walkFromList();
+
+ private:
+  void run();
+  bool obey(const KeyPress& press);
+  bool obeyCharacter(char character);
+  void take(WalkStep step);
+  void followLink();
+  void back();
+  bool pickChart();
+  void showIntro();
+  void showHelp();
+  void say(const std::string& refusal);
+
+  Walk walk_;
+  Terminal& terminal_;
+  Charset charset_;
+  WalkView view_;
+  std::string message_;  // said once, until the next key
+};
+
+}  // namespace tavrel
+
+#endif  // TAVREL_HOSTS_TAVREL_SCREENWALK_H

@@ -1,0 +1,103 @@
+// The command: what may stand on the command line, and how the program ends.
+
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstring>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "drawing/Text.h"
+#include "facade/Tavrel.h"
+#include "hosts/tavrel/Commands.h"
+#include "hosts/tavrel/EndingSignals.h"
+#include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/Words.h"
+
+namespace tavrel {
+namespace {
+
+// Options of the program may stand behind a subcommand as well as before it.
+CLI::App* addCommand(CLI::App& app, const Arguments& arguments, const char* name, const char* what,
+                     void (*run)(const Arguments&)) {
+  CLI::App* command = app.add_subcommand(name, what);
+  command->fallthrough();
+  command->callback([&arguments, run] { run(arguments); });
+  return command;
+}
+
+void defineWalk(CLI::App& app, Arguments& arguments) {
+  CLI::App* walk = addCommand(app, arguments, "walk", "Walk a flowchart, box by box", walkCharts);
+  walk->add_option("NAME", arguments.name,
+                   "A flowchart's name or title; without it, pick from the list");
+  walk->add_option("--answers", arguments.answers,
+                   "Answers (y and n) to lay out as a path; without a terminal it is walked")
+      ->type_name("yyn...");
+  walk->footer(
+      "With input that is no terminal, a walk reads commands, one a line:\n"
+      "  y, n        follow the yes or the no exit\n"
+      "  b           one step back\n"
+      "  r           to the root box\n"
+      "  next        one box further along the prepared path\n"
+      "  follow      into the flowchart that the box leads into\n"
+      "  chart NAME  to another flowchart, by name or title\n"
+      "  q           quit");
+}
+
+void define(CLI::App& app, Arguments& arguments) {
+  app.require_subcommand(0, 1);
+  app.set_version_flag("--version", std::string("tavrel ") + TavrelVersionString);
+  app.add_option("--charts", arguments.charts, "The folder that holds the .fv files")
+      ->type_name("DIR");
+  addCommand(app, arguments, "list", "List the flowcharts: index, name, file or none, title",
+             listCharts);
+  addCommand(app, arguments, "intro", "Print the introduction of a flowchart", printIntroduction)
+      ->add_option("NAME", arguments.name, "A flowchart's name or title")
+      ->required();
+  defineWalk(app, arguments);
+}
+
+void parse(CLI::App& app, int argc, char** argv) try {
+  app.parse(argc, argv);
+  if (!app.get_subcommands().empty()) return;
+  throw Failure("list, intro or walk must stand here; 'tavrel --help' shows the usage");
+} catch (const CLI::Success& help) {
+  app.exit(help);
+} catch (const CLI::ParseError& error) {
+  throw Failure(std::string(error.what()) + "; 'tavrel --help' shows the usage");
+}
+
+int fail(const std::string& what) {
+  std::cout.exceptions(std::ios_base::goodbit);  // what can't be written now is lost
+  std::cout.flush();
+  std::cerr << "tavrel: " << printable(what, localeCharset()) << '\n';
+  return failureStatus;
+}
+
+int run(int argc, char** argv) try {
+  Arguments arguments;
+  CLI::App app("Walks you through contract-bridge bidding flowcharts.", "tavrel");
+  define(app, arguments);
+  parse(app, argc, argv);
+  std::cout.flush();
+  return 0;
+} catch (const std::ios_base::failure&) {
+  return fail(std::string("cannot write to standard output: ") + std::strerror(errno));
+} catch (const std::exception& error) {
+  return fail(error.what());
+}
+
+}  // namespace
+}  // namespace tavrel
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_ALL, "");
+  std::setlocale(LC_NUMERIC, "C");
+  std::signal(SIGPIPE, SIG_DFL);  // whoever reads no further ends the program, quietly
+  std::cout.exceptions(std::ios_base::badbit | std::ios_base::failbit);
+  const int status = tavrel::run(argc, argv);
+  tavrel::EndingSignals::raiseNoted();
+  return status;
+}

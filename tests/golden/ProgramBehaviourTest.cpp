@@ -1,0 +1,118 @@
+// What the command does that no file can show.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <string>
+#include <utility>
+
+#include "Program.h"
+
+namespace tavrel {
+namespace {
+
+using Pipe = std::pair<int, int>;
+
+Pipe newPipe() {
+  int ends[2] = {-1, -1};
+  if (pipe(ends) != 0) ADD_FAILURE() << "no pipe";
+  return {ends[0], ends[1]};
+}
+
+// Starts the command with these standard streams.
+pid_t start(const std::string& line, int in, int out, int error) {
+  const CommandLine command = parseCommandLine(wordsOf(line));
+  const pid_t process = fork();
+  if (process == 0) {
+    dup2(in, STDIN_FILENO);
+    dup2(out, STDOUT_FILENO);
+    dup2(error, STDERR_FILENO);
+    for (int other = STDERR_FILENO + 1; other < 64; ++other) close(other);
+    alarm(60);
+    become(command, "/");
+  }
+  return process;
+}
+
+std::string endOf(pid_t process) {
+  int status = 0;
+  EXPECT_EQ(process, waitpid(process, &status, 0));
+  return endNotation(status);
+}
+
+std::string readToEnd(int descriptor) {
+  std::string all;
+  char piece[4096];
+  for (ssize_t count; (count = read(descriptor, piece, sizeof piece)) > 0;) {
+    all.append(piece, static_cast<std::size_t>(count));
+  }
+  return all;
+}
+
+TEST(Program, EndsQuietlyWhenNobodyReadsOn) {
+  const auto [deafEnd, out] = newPipe();
+  close(deafEnd);
+  const auto [errors, error] = newPipe();
+  const pid_t process = start("tavrel list", STDIN_FILENO, out, error);
+  close(out);
+  close(error);
+  EXPECT_EQ("signal " + std::to_string(SIGPIPE), endOf(process));
+  EXPECT_EQ("", readToEnd(errors));
+  close(errors);
+}
+
+// Some starters of programs leave SIGPIPE ignored.
+TEST(Program, EndsQuietlyWhenNobodyReadsOnAndTheSignalIsIgnored) {
+  const auto [deafEnd, out] = newPipe();
+  close(deafEnd);
+  const auto [errors, error] = newPipe();
+  const auto before = std::signal(SIGPIPE, SIG_IGN);
+  const pid_t process = start("tavrel list", STDIN_FILENO, out, error);
+  std::signal(SIGPIPE, before);
+  close(out);
+  close(error);
+  EXPECT_EQ("signal " + std::to_string(SIGPIPE), endOf(process));
+  EXPECT_EQ("", readToEnd(errors));
+  close(errors);
+}
+
+// A program on the other side of two pipes gets its answer before it asks on.
+TEST(Program, AnswersACommandWhileTheInputIsStillOpen) {
+  const auto [in, commands] = newPipe();
+  const auto [answers, out] = newPipe();
+  const std::string line = "tavrel walk Opening --charts " TAVREL_CHARTS;
+  const pid_t process = start(line, in, out, STDERR_FILENO);
+  close(in);
+  close(out);
+  std::string got;
+  char byte = 0;
+  while (got.find("> yes, no\n\n") == std::string::npos && read(answers, &byte, 1) == 1) {
+    got += byte;
+  }
+  EXPECT_EQ(0U, got.find("== Opening: "));
+  EXPECT_EQ(2, write(commands, "q\n", 2));
+  EXPECT_EQ("", readToEnd(answers));
+  EXPECT_EQ("exit 0", endOf(process));
+  close(commands);
+  close(answers);
+}
+
+TEST(Program, EndsAtTheEndOfItsInputInTheMiddleOfALine) {
+  const auto [in, commands] = newPipe();
+  const auto [answers, out] = newPipe();
+  const std::string line = "tavrel walk Opening --charts " TAVREL_CHARTS;
+  const pid_t process = start(line, in, out, STDERR_FILENO);
+  close(in);
+  close(out);
+  EXPECT_EQ(3, write(commands, "n\ny", 3));
+  close(commands);
+  const std::string all = readToEnd(answers);
+  EXPECT_NE(std::string::npos, all.find("| Open 1NT\n"));
+  EXPECT_EQ("exit 0", endOf(process));
+  close(answers);
+}
+
+}  // namespace
+}  // namespace tavrel
