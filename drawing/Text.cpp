@@ -234,4 +234,20 @@ std::vector<std::string> wrapped(const std::vector<std::string>& lines, int widt
   return out;
 }
 
+std::vector<std::string> flowed(const std::vector<std::string>& lines, int width) {
+  const auto fits = [width](const std::string& line) { return displayWidth(line) <= width; };
+  if (std::all_of(lines.begin(), lines.end(), fits)) return lines;
+  std::vector<std::string> paragraphs;
+  for (const std::string& line : lines) {
+    const bool joins =
+        !paragraphs.empty() && !paragraphs.back().empty() && !line.empty() && line.front() != ' ';
+    if (joins) {
+      paragraphs.back() += ' ' + line;
+    } else {
+      paragraphs.push_back(line);
+    }
+  }
+  return wrapped(paragraphs, width);
+}
+
 }  // namespace tavrel

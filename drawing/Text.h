@@ -52,6 +52,12 @@ std::vector<Glyph> glyphs(std::string_view text);
 /// itself.
 std::vector<std::string> wrapped(const std::vector<std::string>& lines, int width);
 
+/// The lines as they are where all of them fit into `width` columns. Otherwise they
+/// flow: lines that follow one another become one and wrap as in `wrapped`. A line
+/// that is empty or begins with a blank does not join the one before it, and nothing
+/// joins an empty line.
+std::vector<std::string> flowed(const std::vector<std::string>& lines, int width);
+
 }  // namespace tavrel
 
 #endif  // TAVREL_DRAWING_TEXT_H

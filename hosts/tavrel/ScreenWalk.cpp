@@ -167,7 +167,7 @@ bool ScreenWalk::pickChart() {
 void ScreenWalk::showIntro() try {
   const std::vector<std::string> lines = introductionOf(walk_.library(), walk_.chart(), charset_);
   showPage(terminal_, printable(walk_.chart().title, charset_),
-           [&](int width) { return wrapped(lines, width); });
+           [&](int width) { return flowed(lines, width); });
 } catch (const Failure& failure) {
   say(failure.what());
 }

@@ -27,7 +27,7 @@ void WalkPanel::draw(const Walk& walk, const Area& area, const std::string& mess
   if (area_.height < 1) return;
   const auto fitted = [&](std::vector<std::string> lines) {
     for (std::string& line : lines) line = printable(line, charset_);
-    return wrapped(lines, textWidth());
+    return flowed(lines, textWidth());
   };
   const int titleRows = area_.height > 1 ? 1 : 0;
   std::vector<std::string> status = fitted({message.empty() ? placeOf(walk) : message});

@@ -49,5 +49,25 @@ TEST(Wrapped, EndsWhateverTheWidth) {
   EXPECT_EQ(wrapped({"   "}, 2), (Strings{""}));
 }
 
+TEST(Flowed, LeavesLinesThatAllFit) {
+  EXPECT_EQ(flowed({"one", "two", "", " three"}, 6), (Strings{"one", "two", "", " three"}));
+  EXPECT_EQ(flowed({}, 6), Strings{});
+}
+
+TEST(Flowed, JoinsLinesBeforeItWrapsThem) {
+  EXPECT_EQ(flowed({"count your", "points and", "bid"}, 9),
+            (Strings{"count", "your", "points", "and bid"}));
+}
+
+TEST(Flowed, KeepsParagraphsApart) {
+  EXPECT_EQ(flowed({"one two", "three", "", "four"}, 6),
+            (Strings{"one", "two", "three", "", "four"}));
+}
+
+TEST(Flowed, KeepsIndentedLinesAtTheirStart) {
+  EXPECT_EQ(flowed({"one two three", "  a", "  b", "c"}, 9),
+            (Strings{"one two", "three", "  a", "  b c"}));
+}
+
 }  // namespace
 }  // namespace tavrel
