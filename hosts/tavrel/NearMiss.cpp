@@ -38,7 +38,8 @@ NearMiss::NearMiss(std::string_view wanted)
     : wanted_(lowerCase(wanted)), distance_((wanted.size() + 2) / 3 + 1) {}
 
 bool NearMiss::improvesWith(std::string_view name) {
-  const auto [shorter, longer] = std::minmax(name.size(), wanted_.size());
+  const std::size_t longer = std::max(name.size(), wanted_.size());
+  const std::size_t shorter = std::min(name.size(), wanted_.size());
   if (longer - shorter >= distance_) return false;
   const std::size_t distance = editDistance(wanted_, lowerCase(name));
   if (distance >= distance_) return false;
