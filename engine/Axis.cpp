@@ -9,21 +9,24 @@ namespace {
 // Up to this many slots a cell, an unused slot costs less than a search.
 constexpr std::int64_t slotsPerCell = 4;
 
-void sortAndUnite(std::vector<std::int32_t>& coordinates) {
+std::vector<std::int32_t> sortedWithOrigin(std::vector<std::int32_t> coordinates) {
+  coordinates.push_back(0);
   std::sort(coordinates.begin(), coordinates.end());
   coordinates.erase(std::unique(coordinates.begin(), coordinates.end()), coordinates.end());
+  return coordinates;
 }
 
 }  // namespace
 
-Axis::Axis(std::vector<std::int32_t> coordinates) {
-  coordinates.push_back(0);
-  const auto [first, last] = std::minmax_element(coordinates.begin(), coordinates.end());
-  const std::int64_t reach = std::int64_t{*last} - *first + 1;
-  first_ = *first;
-  if (reach > slotsPerCell * static_cast<std::int64_t>(coordinates.size())) {
-    sortAndUnite(coordinates);
-    sparse_ = std::move(coordinates);
+Axis::Axis(const std::vector<std::int32_t>& coordinates) {
+  std::int64_t last = 0;
+  for (const std::int32_t coordinate : coordinates) {
+    first_ = std::min<std::int64_t>(first_, coordinate);
+    last = std::max<std::int64_t>(last, coordinate);
+  }
+  const std::int64_t reach = last - first_ + 1;
+  if (reach > slotsPerCell * static_cast<std::int64_t>(coordinates.size() + 1)) {
+    sparse_ = sortedWithOrigin(coordinates);
     slots_.assign(sparse_.size(), 0);
   } else {
     slots_.assign(static_cast<std::size_t>(reach), 0);

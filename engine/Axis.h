@@ -23,7 +23,7 @@ class Axis {
 
   /// An axis for the cells at `coordinates`, in any order and repeated at will,
   /// all of size 0 as yet. The coordinate 0 is always on it.
-  explicit Axis(std::vector<std::int32_t> coordinates);
+  explicit Axis(const std::vector<std::int32_t>& coordinates);
 
   /// Makes room for a cell of `size` at `coordinate`.
   /// REQUIRES: the axis was made with this coordinate and place() is still to come.

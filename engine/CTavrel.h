@@ -28,7 +28,9 @@ namespace tavrel {
 class EngineAccess;  // the tests' view of an engine's members
 namespace engine {
 struct FlowchartContents;
-}
+struct RowCell;
+struct RowIndex;
+}  // namespace engine
 }  // namespace tavrel
 
 /// Direction codes of the grid, as files and elements store them. The type is
@@ -223,6 +225,10 @@ class CTavrel {
   tavrel::engine::FlowchartContents contentsToRead(std::int32_t fc) const;
   void takeOver(std::int32_t fc, tavrel::engine::FlowchartContents&& contents);
 
+  // row_index.cpp
+  void takeOver(std::int32_t fc, tavrel::engine::RowIndex&& index) noexcept;
+  std::int32_t scanRow(std::int32_t fc, std::int32_t x, std::int32_t begin, std::int32_t end) const;
+
   // path.cpp
   void putCursorOnRoot();
   void clearMarks();
@@ -259,6 +265,10 @@ class CTavrel {
   std::vector<std::int32_t> m_maxX;
   std::vector<std::int32_t> m_minY;
   std::vector<std::int32_t> m_maxY;
+
+  // Beside the row index, the same rows sorted by column. Empty where that would not
+  // be true of the elements.
+  std::vector<std::vector<tavrel::engine::RowCell>> m_rowCells;
 };
 
 #endif  // TAVREL_ENGINE_CTAVREL_H

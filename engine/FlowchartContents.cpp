@@ -18,16 +18,17 @@ struct Layout {
   Axis rows;
 };
 
-Axis axisOf(const ChartFile& file, std::int32_t Cell::*coordinate) {
+std::vector<std::int32_t> coordinatesOf(const ChartFile& file, std::int32_t Cell::*coordinate) {
   std::vector<std::int32_t> coordinates;
-  coordinates.reserve(file.cells.size() + 1);
+  coordinates.reserve(file.cells.size());
   for (const Cell& cell : file.cells) coordinates.push_back(cell.*coordinate);
-  return Axis(std::move(coordinates));
+  return coordinates;
 }
 
 // Empty if an offset passes 32 bits.
-std::optional<Layout> layOut(const ChartFile& file) {
-  Layout layout = {axisOf(file, &Cell::x), axisOf(file, &Cell::y)};
+std::optional<Layout> layOut(const ChartFile& file, const std::vector<std::int32_t>& columns,
+                             const std::vector<std::int32_t>& rows) {
+  Layout layout = {Axis(columns), Axis(rows)};
   for (std::size_t i = 0; i < file.boxCount; ++i) {
     const Cell& box = file.cells[i];
     const TextLines& text = file.nodes[static_cast<std::size_t>(box.node)].m_boxLines;
@@ -122,11 +123,13 @@ FlowchartContents contentsOf(const ChartFile& file, const Bounds& old) {
   std::optional<Layout> layout = Layout();  // all at 0, where something is thrown for
   if (contents.failure == Failure::none) {
     const auto [minX, maxX, minY, maxY] = contents.bounds;
-    layout = layOut(file);
+    const std::vector<std::int32_t> columns = coordinatesOf(file, &Cell::x);
+    const std::vector<std::int32_t> rows = coordinatesOf(file, &Cell::y);
+    layout = layOut(file, columns, rows);
     if (!layout || !canBeIndexed(minY, maxY, file.cells.size())) {
       return {std::nullopt, std::nullopt, std::nullopt, old, Failure::length};
     }
-    contents.rowIndex = buildRowIndex(file.cells, &Cell::y, minY, maxY);
+    contents.rowIndex = buildRowIndex(columns, rows, minY, maxY);
   }
   contents.elements = elementsOf(file, *layout);
   return contents;

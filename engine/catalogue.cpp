@@ -6,6 +6,7 @@
 #include <array>
 
 #include "engine/Failures.h"
+#include "engine/RowIndex.h"
 
 namespace {
 
@@ -100,7 +101,8 @@ CTavrel::CTavrel(const std::string& directory)
       m_minX(catalogue.size(), 0),
       m_maxX(catalogue.size(), 0),
       m_minY(catalogue.size(), 0),
-      m_maxY(catalogue.size(), 0) {
+      m_maxY(catalogue.size(), 0),
+      m_rowCells(catalogue.size()) {
   tavrel::engine::prepareFailures();
 }
 

@@ -31,11 +31,11 @@ FlowchartContents CTavrel::contentsToRead(std::int32_t fc) const {
 // Moves only, and failures made in advance: nothing here can want memory.
 void CTavrel::takeOver(std::int32_t fc, FlowchartContents&& contents) {
   if (contents.intro) at(m_flowchartIntros, fc) = std::move(*contents.intro);
-  if (contents.elements) at(m_screenElements, fc) = std::move(*contents.elements);
-  if (contents.rowIndex) {
-    at(m_rowElementIndices, fc) = std::move(contents.rowIndex->elementIndices);
-    at(m_rowStarts, fc) = std::move(contents.rowIndex->rowStarts);
+  if (contents.elements) {
+    at(m_screenElements, fc) = std::move(*contents.elements);
+    at(m_rowCells, fc).clear();
   }
+  if (contents.rowIndex) takeOver(fc, std::move(*contents.rowIndex));
   at(m_minX, fc) = contents.bounds.minX;
   at(m_maxX, fc) = contents.bounds.maxX;
   at(m_minY, fc) = contents.bounds.minY;

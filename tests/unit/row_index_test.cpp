@@ -61,7 +61,7 @@ TEST_F(RowIndex, FindsNothingBesideTheRowsWithoutTouchingTheElements) {
   EXPECT_EQ(find(4, -3), -1);
   EXPECT_EQ(find(4, 3), -1);
   EXPECT_EQ(find(0, 1), -1);
-  EXPECT_EQ(typeThrown([&] { find(0, 0); }), "out_of_range");
+  EXPECT_EQ(typeThrown([&] { engine.mGetXYElement(0, 0); }), "out_of_range");
 }
 
 TEST_F(RowIndex, FindsNothingInAnEmptyRow) {
