@@ -1,6 +1,6 @@
 #include "Answer.h"
 
-#include "Notation.h"
+#include "tests/support/Notation.h"
 
 namespace tavrel {
 namespace {

@@ -9,11 +9,9 @@
 #include <string>
 #include <vector>
 
-namespace tavrel {
+#include "tests/support/Operation.h"
 
-/// The lines of an answer, without indentation. An operation that returns
-/// nothing answers with no line.
-using Answer = std::vector<std::string>;
+namespace tavrel {
 
 /// Every property of a ScreenElement.
 struct ElementProperties {

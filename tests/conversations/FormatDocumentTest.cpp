@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "ChartDirectory.h"
 #include "facade/Tavrel.h"
-#include "files.h"
+#include "tests/support/ChartDirectory.h"
+#include "tests/support/Files.h"
 
 namespace tavrel {
 namespace {

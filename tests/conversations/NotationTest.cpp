@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "ChartDirectory.h"
-#include "Conversation.h"
-#include "Notation.h"
 #include "Player.h"
-#include "files.h"
 #include "replay.h"
+#include "tests/support/ChartDirectory.h"
+#include "tests/support/Conversation.h"
+#include "tests/support/Files.h"
+#include "tests/support/Notation.h"
 
 namespace tavrel {
 namespace {

@@ -5,8 +5,7 @@
 
 #include <memory>
 
-#include "Answer.h"
-#include "Operation.h"
+#include "tests/support/Operation.h"
 
 namespace tavrel {
 

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "Answer.h"
 #include "Player.h"
 #include "facade/Tavrel.h"
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "ChartDirectory.h"
+#include "tests/support/ChartDirectory.h"
 
 namespace tavrel {
 namespace {

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <vector>
 
-#include "Conversation.h"
 #include "Player.h"
+#include "tests/support/Conversation.h"
 
 namespace tavrel {
 

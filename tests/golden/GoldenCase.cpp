@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "Conversation.h"
-#include "files.h"
+#include "tests/support/Conversation.h"
+#include "tests/support/Files.h"
 #include "tests/support/GoldenFiles.h"
 
 namespace tavrel {

@@ -9,9 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "Answer.h"
-#include "ChartDirectory.h"
-#include "Operation.h"
+#include "tests/support/ChartDirectory.h"
+#include "tests/support/Operation.h"
 
 namespace tavrel {
 

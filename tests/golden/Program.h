@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Notation.h"
+#include "tests/support/Notation.h"
 
 namespace tavrel {
 

@@ -12,7 +12,7 @@
 
 #include "GoldenCase.h"
 #include "Program.h"
-#include "files.h"
+#include "tests/support/Files.h"
 #include "tests/support/GoldenFiles.h"
 
 namespace tavrel {

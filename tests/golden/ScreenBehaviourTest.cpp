@@ -1,11 +1,11 @@
 // What the command does on a terminal that no picture of the screen can show.
 
 #include <gtest/gtest.h>
+#include <regex.h>
 #include <sys/wait.h>
 
 #include <csignal>
 #include <cstring>
-#include <regex>
 #include <string>
 
 #include "PseudoTerminal.h"
@@ -20,8 +20,12 @@ CommandLine walkOpening(const std::string& variables = "") {
 
 // A sequence that sets a colour of text or of its ground.
 bool hasColour(const std::string& raw) {
-  static const std::regex colour("\033\\[(\\d+;)*(3[0-8]|4[0-8]|9[0-7]|10[0-7])(;\\d+)*m");
-  return std::regex_search(raw, colour);
+  regex_t colour;
+  const char* pattern = "\033\\[([0-9]+;)*(3[0-8]|4[0-8]|9[0-7]|10[0-7])(;[0-9]+)*m";
+  EXPECT_EQ(regcomp(&colour, pattern, REG_EXTENDED | REG_NOSUB), 0);
+  const bool found = regexec(&colour, raw.c_str(), 0, nullptr, 0) == 0;
+  regfree(&colour);
+  return found;
 }
 
 bool endsWithFarewell(const std::string& raw) {

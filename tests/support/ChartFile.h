@@ -15,10 +15,10 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "tests/support/Files.h"
 
 namespace tavrel {
 
@@ -31,13 +31,6 @@ constexpr std::int32_t yMinus = 2;
 constexpr std::int32_t xMinus = 3;
 constexpr std::int32_t none = 4;     // as an element stores "no direction"
 constexpr std::int32_t noExit = -1;  // as a box cell's line says "no exit"
-
-/// Writes the bytes as they are, replacing what the file held.
-inline void writeFile(const std::filesystem::path& path, const std::string& bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
-}
 
 class ChartFile {
  public:

@@ -1,59 +1,10 @@
-// What is allocated, how much of it, and what is left when an allocation fails.
+// What is allocated, and how much of it.
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
+#include "tests/support/Allocations.h"
 #include "tests/unit/EngineTest.h"
-
-namespace {
-
-std::atomic<std::size_t> allocations{0};
-std::atomic<std::size_t> bytesAllocated{0};
-std::atomic<std::size_t> largestAllocation{0};
-std::atomic<long> allocationsUntilFailure{-1};  // negative: none fails
-
-void* allocate(std::size_t size) {
-  if (allocationsUntilFailure >= 0 && allocationsUntilFailure-- == 0) throw std::bad_alloc();
-  ++allocations;
-  bytesAllocated += size;
-  if (size > largestAllocation) largestAllocation = size;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace tavrel {
 namespace {
-
-/// What a call allocates.
-struct Cost {
-  std::size_t count, bytes, largest;
-};
-
-template <typename Call>
-Cost costOf(Call&& call) {
-  allocations = bytesAllocated = largestAllocation = 0;
-  call();
-  return {allocations, bytesAllocated, largestAllocation};
-}
-
-/// Makes the n-th allocation from now on fail, counting from 0, until destroyed.
-class FailingAllocation {
- public:
-  explicit FailingAllocation(long n) { allocationsUntilFailure = n; }
-  ~FailingAllocation() { allocationsUntilFailure = -1; }
-  FailingAllocation(const FailingAllocation&) = delete;
-  FailingAllocation& operator=(const FailingAllocation&) = delete;
-};
 
 class Allocations : public EngineTest {
  protected:
@@ -77,7 +28,14 @@ class Allocations : public EngineTest {
 };
 
 TEST_F(Allocations, AreCounted) {
-  EXPECT_EQ(costOf([] { std::vector<char>(1000); }).bytes, 1000u);
+  const std::size_t before = bytesInUse();
+  void* memory = nullptr;
+  const Cost cost = costOf([&] { memory = ::operator new(1000); });
+  EXPECT_EQ(cost.count, 1u);
+  EXPECT_EQ(cost.bytes, 1000u);
+  EXPECT_EQ(bytesInUse(), before + 1000);
+  ::operator delete(memory);
+  EXPECT_EQ(bytesInUse(), before);
 }
 
 TEST_F(Allocations, FindingMakesNone) {
@@ -188,139 +146,42 @@ TEST_F(Allocations, TheRowIndexCostsFourBytesARow) {
   EXPECT_LT(cost.bytes, 4 * rows + little);
 }
 
-// --- An allocation that fails ---------------------------------------------------
+// --- The records are all that a read keeps --------------------------------------
 
-class FailedAllocations : public Allocations {
+class ReadAllocations : public Allocations {
  protected:
-  void SetUp() override {
-    ChartFile()
-        .intro({"An introduction of one long line, beyond any short string", "and another"})
-        .node({"A box with a long line of text, beyond any short string"},
-              {"And a long commentary, beyond any short string"}, "RespNT")
-        .cell(0, 0, 0, xPlus)
-        .cell(0, 2, 1)
-        .line(1, 0, xPlus, yPlus)
-        .line(1, 1, yPlus, xPlus)
-        .writeTo(directory.path(), "Opening");
-    longRow(5).writeTo(directory.path(), "RespNT");
+  /// The number of allocations in selecting the chart.
+  std::size_t countFor(const ChartFile& chart) const {
+    write(chart);
+    CTavrel fresh(directory.prefix());
+    return costOf([&] { fresh.mSetStartLocation(0); }).count;
   }
-  const std::string answers = std::string(40, 'y');
-
-  /// Makes the call on engines prepared alike, with every allocation failing in turn. Each
-  /// failure must leave the engine as `isAllowed` says, and the call must succeed afterwards
-  /// as if there had been none.
-  template <typename Prepare, typename Call, typename IsAllowed>
-  void failEach(Prepare&& prepare, Call&& call, IsAllowed&& isAllowed) {
-    CTavrel untroubled(directory.prefix());
-    prepare(untroubled);
-    call(untroubled);
-    const std::string success = snapshot(untroubled);
-    for (long n = 0;; ++n) {
-      ASSERT_LT(n, 10000);
-      CTavrel troubled(directory.prefix());
-      prepare(troubled);
-      const std::string before = snapshot(troubled);
-      bool failed = false;
-      try {
-        const FailingAllocation failing(n);
-        call(troubled);
-      } catch (const std::bad_alloc&) {
-        failed = true;
-      }
-      if (!failed) break;
-      EXPECT_TRUE(isAllowed(troubled, before)) << "allocation " << n << "\n" << snapshot(troubled);
-      call(troubled);
-      EXPECT_EQ(snapshot(troubled), success) << "allocation " << n;
-    }
+  static ChartFile boxes(int count, const Lines& text, const Lines& commentary) {
+    ChartFile chart;
+    for (int i = 0; i < count; ++i) chart.node(text, commentary).cell(i, i, 0);
+    return chart;
   }
-
-  /// As before the call, but for the flowchart that is current.
-  static bool isAsBeforeButSelected(const CTavrel& engine, const std::string& before) {
-    const auto afterTheIndexAndMarks = [](const std::string& text) {
-      const std::size_t marksAt = text.find(" marks=");
-      return text.substr(text.find(' '), marksAt - text.find(' ')) + text.substr(text.find('\n'));
-    };
-    return afterTheIndexAndMarks(snapshot(engine)) == afterTheIndexAndMarks(before);
+  /// The number of allocations that each further box adds.
+  std::size_t countForABox(const Lines& text, const Lines& commentary) const {
+    const std::size_t few = countFor(boxes(10, text, commentary));
+    const std::size_t more = countFor(boxes(30, text, commentary));
+    EXPECT_EQ((more - few) % 20, 0u);
+    return (more - few) / 20;
   }
+  const std::string longLine = "A line of text beyond any short string";
 };
 
-TEST_F(FailedAllocations, InReadingLeaveTheFlowchartAsItWas) {
-  failEach([](CTavrel&) {}, [](CTavrel& on) { on.mReadFVFileIfNotAlready(0); },
-           [](const CTavrel& on, const std::string& before) { return snapshot(on) == before; });
+TEST_F(ReadAllocations, DoNotGrowWithTheNumberOfLineCells) {
+  const std::size_t few = countFor(grid(10));
+  EXPECT_EQ(countFor(grid(50)), few);
+  EXPECT_LT(few, 30u);
 }
 
-TEST_F(FailedAllocations, InAnIntroductionLeaveTheFlowchartReadOrAsItWas) {
-  const auto isAllowed = [](const CTavrel& on, const std::string& before) {
-    return snapshot(on) == before || EngineAccess::screenElements(on)[0].size() == 4;
-  };
-  failEach([](CTavrel&) {}, [](CTavrel& on) { on.mGetFlowchartIntro(0); }, isAllowed);
-}
-
-TEST_F(FailedAllocations, InSelectingMayLeaveTheFlowchartSelectedAndUnread) {
-  failEach([](CTavrel& on) { on.mSetStartLocation(5); },
-           [](CTavrel& on) { on.mSetStartLocation(0); }, isAsBeforeButSelected);
-}
-
-TEST_F(FailedAllocations, InStartingAPathKeepLocationElementAndStoredAnswers) {
-  failEach(
-      [](CTavrel& on) {
-        on.mStartNewPath(6, "yyn");
-        on.mMoveOnPath();
-      },
-      [this](CTavrel& on) { on.mStartNewPath(0, answers); }, isAsBeforeButSelected);
-}
-
-TEST_F(FailedAllocations, InStartingAPathOnAFlowchartThatIsReadDoAllOrNothing) {
-  failEach([](CTavrel& on) { on.mStartNewPath(0, "y"); },
-           [this](CTavrel& on) { on.mStartNewPath(0, answers); },
-           [](const CTavrel& on, const std::string& before) { return snapshot(on) == before; });
-}
-
-TEST_F(FailedAllocations, InFollowingALinkKeepLocationElementAndStoredAnswers) {
-  // "RespNT" is entered with answers left.
-  const auto isAllowed = [](const CTavrel& on, const std::string& before) {
-    return isAsBeforeButSelected(on, before);
-  };
-  for (long n = 0;; ++n) {
-    CTavrel on(directory.prefix());
-    on.mStartNewPath(0, answers);
-    const std::string before = snapshot(on);
-    bool failed = false;
-    try {
-      const FailingAllocation failing(n);
-      on.mMoveOnPath();
-    } catch (const std::bad_alloc&) {
-      failed = true;
-    }
-    if (!failed) break;
-    EXPECT_TRUE(isAllowed(on, before)) << "allocation " << n << "\n" << snapshot(on);
-  }
-}
-
-TEST_F(FailedAllocations, InQueriesChangeNothing) {
-  failEach([](CTavrel& on) { on.mStartNewPath(0, "y"); },
-           [](CTavrel& on) {
-             on.mGetAllElements();
-             on.mGetElementsInBoundaries(0, 2, 0, 1);
-             on.mGetXYElement(0, 0);
-             on.mCurrentCommentText();
-             on.mGetVectorOfFlowchartTitles();
-           },
-           [](const CTavrel& on, const std::string& before) { return snapshot(on) == before; });
-}
-
-TEST_F(FailedAllocations, InConstructionPass) {
-  long failures = 0;
-  for (bool failed = true; failed;) {
-    try {
-      const FailingAllocation failing(failures);
-      const CTavrel fresh(answers);
-      failed = false;
-    } catch (const std::bad_alloc&) {
-      ++failures;
-    }
-  }
-  EXPECT_GE(failures, 45);
+TEST_F(ReadAllocations, OfABoxAreItsTwoListsAndItsLongTexts) {
+  EXPECT_EQ(countForABox({}, {}), 0u);
+  EXPECT_EQ(countForABox({"short"}, {}), 1u);
+  EXPECT_EQ(countForABox({"short", "short", "short"}, {"short", "short"}), 2u);
+  EXPECT_EQ(countForABox({longLine, "short"}, {longLine, longLine}), 5u);
 }
 
 }  // namespace

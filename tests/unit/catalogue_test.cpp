@@ -96,11 +96,16 @@ TEST_F(Catalogue, TheDirectoryIsKeptAsGiven) {
   }
 }
 
-TEST_F(Catalogue, ADirectoryWithoutItsSeparatorReadsNothing) {
-  write(ChartFile().box(0, 0, "Root", xPlus).box(1, 0, "End"));
+TEST_F(Catalogue, ADirectoryWithoutItsSeparatorLeavesEveryFlowchartUnread) {
   CTavrel wrong(directory.path().string());
-  wrong.mSetStartLocation(0);
-  EXPECT_EQ(describeChart(wrong, 0), unreadChart);
+  for (std::int32_t fc = 0; fc < 45; ++fc) {
+    const auto index = static_cast<std::size_t>(fc);
+    write(ChartFile().box(0, 0, "Root", xPlus).box(1, 0, "End"), catalogue[index].fileName);
+    engine.mSetStartLocation(fc);
+    EXPECT_EQ(elements(index).size(), 2u) << fc;
+    wrong.mSetStartLocation(fc);
+    EXPECT_EQ(describeChart(wrong, index), unreadChart) << fc;
+  }
 }
 
 TEST_F(Catalogue, TheDirectoryIsABarePrefixOfTheFileName) {

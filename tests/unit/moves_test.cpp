@@ -44,6 +44,14 @@ class Moves : public EngineTest {
     (engine.*move)();
     EXPECT_EQ(snapshot(engine), before);
   }
+  /// Follows a link at (1, 0) to an unknown name, with an answer left.
+  void loseTheFlowchart() {
+    write(ChartFile().box(0, 0, "Root", xPlus).link(1, 0, "End", "Lebensohl"));
+    engine.mStartNewPath(0, "yn");
+    engine.mMoveOnPath();
+    EXPECT_EQ(typeThrown([this] { engine.mMoveOnPath(); }), "out_of_range");
+    ASSERT_EQ(describe(engine), "-1 Opening 1,0 #1 path=\"n\" marks=?");
+  }
 
  private:
   std::unique_ptr<CTavrel> fresh_;
@@ -429,6 +437,34 @@ TEST_F(Moves, AlongThePathALinkToAnUnknownNameLeavesNoFlowchartCurrentUntilASele
     on.mMoveXPlus();
     EXPECT_EQ(place(on), at(0, 0, 0));
   }
+}
+
+TEST_F(Moves, WhileNoFlowchartIsCurrentTheMoveToTheRootWritesTheOriginAndThrows) {
+  loseTheFlowchart();
+  EXPECT_EQ(typeThrown([this] { engine.mMoveRoot(); }), "out_of_range");
+  EXPECT_EQ(describe(engine), "-1 Opening 0,0 #1 path=\"n\" marks=?");
+}
+
+TEST_F(Moves, WhileNoFlowchartIsCurrentPreparingThrowsWithTheAnswersKept) {
+  loseTheFlowchart();
+  EXPECT_EQ(typeThrown([this] { engine.mPreparePath(); }), "out_of_range");
+  EXPECT_EQ(describe(engine), "-1 Opening 1,0 #1 path=\"n\" marks=?");
+}
+
+TEST_F(Moves, AlongThePathALineCellUnderTheCursorLeadsWhereItsLinkSays) {
+  // Lines carry the link of the file's last box. The path goes round through the origin and
+  // ends on the first box again.
+  write(ChartFile()
+            .box(1, 0, "First", yPlus)
+            .link(5, 5, "Last", "PGF")
+            .line(0, 1, yPlus, yMinus)
+            .line(0, 0, yMinus, xPlus));
+  engine.mStartNewPath(0, "yn");
+  ASSERT_EQ(marks(engine, 0), "0,2,3");
+  engine.mMoveRoot();
+  ASSERT_EQ(cursor(), "0,0 #3");
+  engine.mMoveOnPath();
+  EXPECT_EQ(describe(engine), "44 PGF 0,0 #0 path=\"n\" marks=0");
 }
 
 TEST_F(Moves, ALinkWhoseFileThrowsLeavesThatFlowchartCurrent) {

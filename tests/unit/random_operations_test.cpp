@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
-#include <random>
 #include <set>
 #include <string>
 #include <tuple>
@@ -13,27 +12,13 @@
 #include <vector>
 
 #include "tests/unit/FacadeTest.h"
+#include "tests/unit/Random.h"
 
 namespace tavrel {
 namespace {
 
 constexpr int operations = 100000;
 constexpr int operationsPerWorld = 250;
-
-class Random {
- public:
-  explicit Random(std::uint32_t seed) : generator_(seed) {}
-  int below(int end) { return static_cast<int>(generator_() % static_cast<std::uint32_t>(end)); }
-  int between(int low, int high) { return low + below(high - low + 1); }
-  bool chance(int percent) { return below(100) < percent; }
-  template <typename List>
-  const auto& from(const List& list) {
-    return list[static_cast<std::size_t>(below(static_cast<int>(std::size(list))))];
-  }
-
- private:
-  std::mt19937 generator_;
-};
 
 // --- Random charts ------------------------------------------------------------
 
@@ -96,32 +81,6 @@ ChartFile carelessChart(Random& random) {
   return chart;
 }
 
-std::string mutated(Random& random, std::string file) {
-  static const std::string bytes = "0123456789 -\n\tyx+\r";
-  for (int i = random.between(1, 4); i > 0 && !file.empty(); --i) {
-    const auto at = static_cast<std::size_t>(random.below(static_cast<int>(file.size())));
-    const char byte = random.chance(5) ? '\xff' : random.from(bytes);
-    switch (random.below(3)) {
-      case 0:
-        file[at] = byte;
-        break;
-      case 1:
-        file.insert(at, 1, byte);
-        break;
-      default:
-        file.erase(at, 1);
-        break;
-    }
-  }
-  return file;
-}
-
-std::string randomBytes(Random& random) {
-  std::string bytes(static_cast<std::size_t>(random.below(200)), '\0');
-  for (char& byte : bytes) byte = static_cast<char>(random.below(256));
-  return bytes;
-}
-
 std::string randomFile(Random& random) {
   const std::string chart = (random.chance(50) ? wellFormedChart(random) : carelessChart(random))
                                 .intro({"An introduction", "of two lines"})
@@ -130,8 +89,7 @@ std::string randomFile(Random& random) {
     case 0:
       return mutated(random, chart);
     case 1:
-      return chart.substr(0,
-                          static_cast<std::size_t>(random.below(static_cast<int>(chart.size()))));
+      return truncated(random, chart);
     case 2:
       return randomBytes(random);
     case 3:
@@ -329,8 +287,9 @@ class World {
   void writeAnew(const std::string& name) {
     const std::string file = randomFile(random_);
     for (const char byte : file) hasOddBytes_ |= byte == '\0' || byte < 0;
-    writeFile(directory_.chart(name), file);
-    if (random_.chance(5)) std::filesystem::remove(directory_.chart(name));
+    // Removed first, or the file system takes its time to put one file in the place of another.
+    std::filesystem::remove(directory_.chart(name));
+    if (!random_.chance(5)) writeFile(directory_.chart(name), file);
   }
 
   void introduce() {

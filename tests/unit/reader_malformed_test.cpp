@@ -84,6 +84,17 @@ TEST_F(Malformed, AFileWithoutAWholeCellLeavesTheOneElementReadBefore) {
   EXPECT_EQ(chart(), read("[New]", "0..2", "2,0 ", "0", 1));
 }
 
+TEST_F(Malformed, AFileWithoutAWholeCellKeepsTheRowIndexItFound) {
+  select(ChartFile().box(0, 1, "a").text());
+  const std::string index = "list=0 starts=0,0,1";
+  ASSERT_EQ(chart(), "intro= x=0..0 y=0..1 cells=0,1 " + index);
+  for (const std::string& file : {std::string("h\nh\n"), upToBoxes, upToBoxes + "2\n0 0 0 0"}) {
+    select(file);
+    EXPECT_EQ(chart().substr(chart().find("x=")), "x=0..0 y=0..1 cells=0,1 " + index);
+    EXPECT_EQ(engine.mFind(0, 0, 1), 0);
+  }
+}
+
 TEST_F(Malformed, BoxesReadWholeStandAndTheCellAtFaultIsDropped) {
   const std::string start = upToBoxes + "3\n0 0 0 0 0 1 -1\n0 1 0 0 0 -1 -1\n";
   for (const std::string rest :
@@ -408,6 +419,21 @@ TEST_F(Malformed, OffsetsOfColumnsThatOnlyAnEarlierReadWidenedToDoNotCount) {
   select(ChartFile().box(0, 0, "ab").box(1, 0, "c").text());
   EXPECT_EQ(chart(), "intro= x=0..2147483647 y=0..0 cells=0,0 1,0 list=0,1 starts=0,2");
   EXPECT_EQ(elements().at(1).m_xOffset, 18);
+}
+
+TEST_F(Malformed, RowsThatOnlyAnEarlierReadWidenedToCount) {
+  write(upToBoxes + "1\n1 0 2147483647 0 0 -1 -1\n0\n");
+  expectSelecting("out_of_range");
+  const std::string before = "intro=[Hello] x=0..0 y=0..2147483647 cells=list=0 starts=0,1";
+  EXPECT_EQ(chart(), before);
+  write(ChartFile().intro({"New"}).box(0, 0, "ab").box(1, 0, "c"));
+  for (int i = 0; i < 2; ++i) {
+    expectSelecting("length_error");
+    EXPECT_EQ(chart(), before);
+  }
+  CTavrel fresh(directory.prefix());
+  fresh.mSetStartLocation(0);
+  EXPECT_EQ(describeChart(fresh, 0), "intro=[New] x=0..1 y=0..0 cells=0,0 1,0 list=0,1 starts=0,2");
 }
 
 // --- Things that are no files ---------------------------------------------

@@ -1,4 +1,4 @@
-#include "Conversation.h"
+#include "tests/support/Conversation.h"
 
 #include <algorithm>
 #include <sstream>

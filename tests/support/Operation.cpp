@@ -1,4 +1,4 @@
-#include "Operation.h"
+#include "tests/support/Operation.h"
 
 #include <charconv>
 #include <system_error>

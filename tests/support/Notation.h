@@ -1,7 +1,7 @@
 // How bytes and lines of words are written in a conversation.
 
-#ifndef TAVREL_TESTS_CONVERSATIONS_NOTATION_H
-#define TAVREL_TESTS_CONVERSATIONS_NOTATION_H
+#ifndef TAVREL_TESTS_SUPPORT_NOTATION_H
+#define TAVREL_TESTS_SUPPORT_NOTATION_H
 
 #include <stdexcept>
 #include <string>
@@ -37,4 +37,4 @@ std::vector<Word> wordsOf(const std::string& line);
 
 }  // namespace tavrel
 
-#endif  // TAVREL_TESTS_CONVERSATIONS_NOTATION_H
+#endif  // TAVREL_TESTS_SUPPORT_NOTATION_H

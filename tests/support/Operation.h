@@ -1,14 +1,14 @@
-// One operation of a conversation, and its arguments taken one by one.
+// One operation of a conversation, its arguments taken one by one, and its answer.
 
-#ifndef TAVREL_TESTS_CONVERSATIONS_OPERATION_H
-#define TAVREL_TESTS_CONVERSATIONS_OPERATION_H
+#ifndef TAVREL_TESTS_SUPPORT_OPERATION_H
+#define TAVREL_TESTS_SUPPORT_OPERATION_H
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "Notation.h"
+#include "tests/support/Notation.h"
 
 namespace tavrel {
 
@@ -20,6 +20,10 @@ struct Operation {
   std::vector<Word> arguments;  ///< as they stand on the line
   std::string chart;            ///< the bytes of the lines that start with |
 };
+
+/// The lines of an answer, without indentation. An operation that returns
+/// nothing answers with no line.
+using Answer = std::vector<std::string>;
 
 /// Takes apart one line. Throws NotationError for a line that is no operation.
 Operation parseOperation(const std::string& line);
@@ -49,4 +53,4 @@ class Arguments {
 
 }  // namespace tavrel
 
-#endif  // TAVREL_TESTS_CONVERSATIONS_OPERATION_H
+#endif  // TAVREL_TESTS_SUPPORT_OPERATION_H

@@ -1,16 +1,15 @@
-// A conversation with the client interface: a text file of operations, each
-// followed by the answer expected. README.md describes the notation.
+// A conversation: a text file of operations, each followed by the answer expected.
+// tests/conversations/README.md describes the notation.
 
-#ifndef TAVREL_TESTS_CONVERSATIONS_CONVERSATION_H
-#define TAVREL_TESTS_CONVERSATIONS_CONVERSATION_H
+#ifndef TAVREL_TESTS_SUPPORT_CONVERSATION_H
+#define TAVREL_TESTS_SUPPORT_CONVERSATION_H
 
 #include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "Answer.h"
-#include "Operation.h"
+#include "tests/support/Operation.h"
 
 namespace tavrel {
 
@@ -59,4 +58,4 @@ class Conversation {
 
 }  // namespace tavrel
 
-#endif  // TAVREL_TESTS_CONVERSATIONS_CONVERSATION_H
+#endif  // TAVREL_TESTS_SUPPORT_CONVERSATION_H

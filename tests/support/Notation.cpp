@@ -1,4 +1,4 @@
-#include "Notation.h"
+#include "tests/support/Notation.h"
 
 #include <array>
 #include <cstddef>
