@@ -9,26 +9,31 @@ namespace {
 
 bool isWhitespace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
 
-bool isDigit(char byte) noexcept { return static_cast<unsigned char>(byte - '0') <= 9; }
+// The digit's value; 10 or more for any other byte.
+std::uint32_t digitOf(char byte) noexcept {
+  return static_cast<unsigned char>(byte) - std::uint32_t{'0'};
+}
 
-// Passes whitespace and a sign. Whether digits follow.
-bool passToDigits(const char*& next, bool& negative) noexcept {
+// Passes whitespace and a sign.
+void passToDigits(const char*& next, bool& negative) noexcept {
   while (isWhitespace(*next)) ++next;
   negative = *next == '-';
   if (negative || *next == '+') ++next;
-  return isDigit(*next);
 }
 
 bool readInteger(const char*& next, std::int32_t& number) noexcept {
+  constexpr std::uint32_t most = std::numeric_limits<std::int32_t>::max();
   bool negative = false;
-  if (!isDigit(*next) && !passToDigits(next, negative)) return false;
-  const std::int64_t limit = std::int64_t{std::numeric_limits<std::int32_t>::max()} + negative;
-  std::int64_t magnitude = 0;
-  for (; isDigit(*next); ++next) {
-    magnitude = 10 * magnitude + (*next - '0');
-    if (magnitude > limit) return false;
+  if (digitOf(*next) > 9) passToDigits(next, negative);
+  std::uint32_t digit = digitOf(*next);
+  if (digit > 9) return false;
+  std::uint32_t magnitude = digit;
+  while ((digit = digitOf(*++next)) <= 9) {
+    if (magnitude > most / 10) return false;
+    magnitude = 10 * magnitude + digit;
   }
-  number = static_cast<std::int32_t>(negative ? -magnitude : magnitude);
+  if (magnitude > most + (negative ? 1U : 0U)) return false;
+  number = static_cast<std::int32_t>(negative ? 0U - magnitude : magnitude);
   return true;
 }
 
