@@ -8,7 +8,7 @@ install(TARGETS tavrel EXPORT TavrelTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES
   ${PROJECT_SOURCE_DIR}/facade/Tavrel.h
-  ${PROJECT_BINARY_DIR}/facade/TavrelExport.h
+  ${PROJECT_BINARY_DIR}/include/Tavrel/TavrelExport.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Tavrel)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Tavrel)
@@ -32,7 +32,7 @@ if(TAVREL_BUILD_TOOLS)
   set_target_properties(tavrel_command PROPERTIES
     INSTALL_RPATH "$ORIGIN/${library_from_program}")
   install(TARGETS tavrel_command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/charts
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel
-    FILES_MATCHING PATTERN "*.fv")
 endif()
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/charts
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel
+  FILES_MATCHING PATTERN "*.fv")
