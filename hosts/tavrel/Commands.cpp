@@ -21,16 +21,18 @@
 namespace tavrel {
 namespace {
 
+using Answers = std::optional<std::string>;
+
 Library libraryOf(const Arguments& arguments) {
   return Library(arguments.charts ? std::filesystem::path(*arguments.charts)
                                   : defaultChartsDirectory());
 }
 
-void walkOnScreen(const Library& library, const CatalogueEntry* chart, const std::string& answers) {
+void walkOnScreen(const Library& library, const CatalogueEntry* chart, const Answers& answers) {
   Terminal terminal;
   ScreenWalk walk(library, terminal, localeCharset());
   if (chart) {
-    walk.walk(*chart, answers);
+    walk.walk(*chart, answers.value_or(""));
   } else {
     walk.walkFromList();
   }
@@ -39,14 +41,15 @@ void walkOnScreen(const Library& library, const CatalogueEntry* chart, const std
 // A person sits at a terminal that can't place its cursor.
 bool isConversation() { return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO); }
 
-void walkInLines(const Library& library, const CatalogueEntry* chart, const std::string& answers) {
+void walkInLines(const Library& library, const CatalogueEntry* chart, const Answers& answers) {
+  LineWalk walk(library, std::cout, localeCharset());
+  if (!chart && isConversation()) return walk.converseFromList(std::cin);
   if (!chart) {
     throw Failure(
         "without a screen to pick from, walk needs the name of a flowchart; "
         "'tavrel list' shows them all");
   }
-  LineWalk walk(library, std::cout, localeCharset());
-  if (!answers.empty()) return walk.follow(*chart, answers);
+  if (answers) return walk.follow(*chart, *answers);
   if (isConversation()) return walk.converse(*chart, std::cin);
   walk.obey(*chart, std::cin);
   if (std::ferror(stdin)) {
@@ -77,14 +80,15 @@ void printIntroduction(const Arguments& arguments) {
 
 void walkCharts(const Arguments& arguments) {
   const Library library = libraryOf(arguments);
-  const std::string answers = checkedAnswers(arguments.answers);
+  Answers answers;
+  if (arguments.answers) answers = checkedAnswers(*arguments.answers);
   const CatalogueEntry* chart = arguments.name.empty() ? nullptr : &library.find(arguments.name);
   if (chart) requireFile(library, *chart);
-  if (!chart && !answers.empty()) {
+  if (!chart && answers) {
     throw Failure(
         "answers need the name of the flowchart to lay them onto: "
         "tavrel walk NAME --answers " +
-        answers);
+        *answers);
   }
   if (Terminal::isUsable()) {
     walkOnScreen(library, chart, answers);

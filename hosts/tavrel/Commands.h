@@ -12,7 +12,7 @@ namespace tavrel {
 struct Arguments {
   std::optional<std::string> charts;  ///< the folder of the .fv files
   std::string name;                   ///< a flowchart's name or title
-  std::string answers;
+  std::optional<std::string> answers;
 };
 
 // All throw Failure for wrong usage and unreadable input.

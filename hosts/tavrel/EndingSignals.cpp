@@ -7,9 +7,9 @@
 namespace tavrel {
 namespace {
 
-constexpr std::array requests = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,
-                                 SIGALRM, SIGPIPE, SIGUSR1, SIGUSR2};
-constexpr std::array crashes = {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV};
+constexpr std::array requests = {SIGHUP,  SIGINT,  SIGQUIT,   SIGTERM, SIGALRM, SIGPIPE, SIGUSR1,
+                                 SIGUSR2, SIGPROF, SIGVTALRM, SIGXCPU, SIGXFSZ, SIGPOLL};
+constexpr std::array crashes = {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGSYS, SIGTRAP};
 
 volatile std::sig_atomic_t notedSignal = 0;
 void (*rescueBeforeCrash)() = nullptr;

@@ -52,6 +52,30 @@ void LineWalk::converse(const CatalogueEntry& chart, std::istream& in) {
   }
 }
 
+void LineWalk::converseFromList(std::istream& in) {
+  tellList();
+  std::string line;
+  while (out_ << "chart" << prompt << std::flush && std::getline(in, line)) {
+    const std::string name = trimmed(line);
+    if (name == "q") return;
+    try {
+      const CatalogueEntry& chart = walk_.library().find(name);
+      requireFile(walk_.library(), chart);
+      return converse(chart, in);
+    } catch (const Failure& failure) {
+      say(failure.what());
+    }
+  }
+}
+
+void LineWalk::tellList() {
+  const Library& library = walk_.library();
+  for (const CatalogueEntry& entry : library.entries()) {
+    if (library.hasFile(entry)) out_ << entry.name << ": " << entry.title << '\n';
+  }
+  out_ << '\n';
+}
+
 void LineWalk::follow(const CatalogueEntry& chart, const std::string& answers) {
   enterFirst(chart, answers);
   tellLeftOver(walkPath(answers));

@@ -27,11 +27,16 @@ class LineWalk {
   /// The same with a person at the other end: prompts, and forgives.
   void converse(const CatalogueEntry& chart, std::istream& in);
 
+  /// The same from a flowchart that the person picks from the list of those with a
+  /// file.
+  void converseFromList(std::istream& in);
+
   /// Walks the path that the answers (y and n) prepare, across flowcharts, and says
   /// which answers were left over.
   void follow(const CatalogueEntry& chart, const std::string& answers);
 
  private:
+  void tellList();
   void enterFirst(const CatalogueEntry& chart, const std::string& answers);
   std::string walkPath(std::string answers);
   bool takeAlongPath();

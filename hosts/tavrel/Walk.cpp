@@ -65,17 +65,18 @@ Outcome Walk::back() {
 template <typename Select>
 Outcome Walk::enterWith(Visit visit, Select select) {
   if (!library_.faultOf(library_.entry(visit.chart)).empty()) return Outcome::noFile;
+  Outcome fault = Outcome::noRoot;
   try {
     select();
     if (standsOnBox() && !showsPlaceholder()) {
       visits_.push_back(std::move(visit));
       return Outcome::moved;
     }
-  } catch (const std::out_of_range&) {
-  } catch (const std::length_error&) {
+  } catch (const std::logic_error&) {  // out of range, or of an impossible size
+    fault = Outcome::malformed;
   }
   if (hasEntered()) standAgain();
-  return Outcome::unusable;
+  return fault;
 }
 
 Outcome Walk::enterOnStretch(std::int64_t chart, std::size_t stretch) {

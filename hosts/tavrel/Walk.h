@@ -19,13 +19,14 @@ enum class WalkStep { yes, no, up, down, left, right, alongPath, root };
 
 /// What came of a request to move.
 enum class Outcome {
-  moved,     ///< the place is another one
-  stayed,    ///< no way leads there; nothing changed
-  noLink,    ///< the box leads into no other flowchart
-  noChart,   ///< the box leads into a flowchart that the catalogue doesn't know
-  noFile,    ///< the flowchart's file can't be opened
-  unusable,  ///< the flowchart's file holds no box to start from, or is malformed
-  broken,    ///< a line ahead leads to no box; the place is the old one
+  moved,      ///< the place is another one
+  stayed,     ///< no way leads there; nothing changed
+  noLink,     ///< the box leads into no other flowchart
+  noChart,    ///< the box leads into a flowchart that the catalogue doesn't know
+  noFile,     ///< the flowchart's file can't be opened
+  noRoot,     ///< the flowchart's file holds no box at 0,0, or nothing that can be read
+  malformed,  ///< the flowchart's file names a text it doesn't have, or is too large
+  broken,     ///< a line ahead leads to no box; the place is the old one
 };
 
 class Walk {

@@ -66,8 +66,11 @@ std::string entryRefusalOf(const Library& library, const CatalogueEntry& chart, 
   if (outcome == Outcome::broken) {
     return "a line that the answers follow leads to no box; " + file + " is at fault";
   }
-  return "the file " + file +
-         " is no flowchart with a box at 0,0; docs/format.md describes the format";
+  const std::string fault = outcome == Outcome::malformed
+                                ? " is malformed: a box names a text that isn't there, a count is "
+                                  "negative, or the cells lie too far apart"
+                                : " is no flowchart with a box at 0,0";
+  return "the file " + file + fault + "; docs/format.md describes the format";
 }
 
 void requireFile(const Library& library, const CatalogueEntry& chart) {

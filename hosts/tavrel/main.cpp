@@ -32,8 +32,10 @@ void defineWalk(CLI::App& app, Arguments& arguments) {
   CLI::App* walk = addCommand(app, arguments, "walk", "Walk a flowchart, box by box", walkCharts);
   walk->add_option("NAME", arguments.name,
                    "A flowchart's name or title; without it, pick from the list");
-  walk->add_option("--answers", arguments.answers,
-                   "Answers (y and n) to lay out as a path; without a terminal it is walked")
+  walk->add_option(
+          "--answers", arguments.answers,
+          "Answers (y and n) to lay out as a path: lit for Space on a terminal, and walked "
+          "without one")
       ->type_name("yyn...");
   walk->footer(
       "With input that is no terminal, a walk reads commands, one a line:\n"

@@ -81,7 +81,8 @@ std::string signalName(const testing::TestParamInfo<int>& number) {
 
 INSTANTIATE_TEST_SUITE_P(All, ScreenSignal,
                          testing::Values(SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGALRM, SIGPIPE,
-                                         SIGUSR1, SIGUSR2, SIGSEGV, SIGBUS, SIGFPE, SIGILL,
+                                         SIGUSR1, SIGUSR2, SIGPROF, SIGVTALRM, SIGXCPU, SIGXFSZ,
+                                         SIGPOLL, SIGSYS, SIGTRAP, SIGSEGV, SIGBUS, SIGFPE, SIGILL,
                                          SIGABRT),
                          signalName);
 
