@@ -33,7 +33,10 @@
 //     names the line, counting from 0.
 //  7. Everything returned is a copy that the caller owns. It never changes, and
 //     it outlives the navigator. Costs are stated without that copy.
-//  8. A move that cannot be made changes nothing and reports nothing. Where a
+//  8. A move that cannot be made changes nothing and reports nothing. After a
+//     link to a flowchart that doesn't exist was followed, no flowchart is
+//     current, and every move and query but those of the location throws
+//     std::out_of_range until the next selection. Where a
 //     flowchart's data breaks a promise (an exit that leads to an empty cell, a
 //     line that never reaches a box), std::out_of_range is thrown; the cursor
 //     may then be left off the boxes, and the next selection puts it right.
@@ -233,11 +236,10 @@ class TAVREL_EXPORT Tavrel {
 
   // --- Asking --------------------------------------------------------------
   //
-  // About the current flowchart, reading no file and changing nothing. All but
-  // the location queries throw std::out_of_range after a link to a flowchart
-  // that doesn't exist was followed, until the next selection.
+  // About the current flowchart, reading no file and changing nothing.
 
-  /// The file name of the current flowchart, empty before the first selection.
+  /// The file name of the current flowchart, empty before the first selection;
+  /// that of the last one while none is current.
   /// Writes the cursor's column to `*x` and its row to `*y`; either pointer may
   /// be null, and is not kept.
   std::optional<std::string> getCurrentLocationWithXY(std::int64_t* x, std::int64_t* y) const;
@@ -265,8 +267,10 @@ class TAVREL_EXPORT Tavrel {
   ScreenElement elementAtXY(std::int64_t x, std::int64_t y) const;
 
   /// The elements in the rectangle, row by row with y increasing, in the file's
-  /// order within a row. A rectangle that misses the chart has none. Cost: a
-  /// scan of the rectangle's rows.
+  /// order within a row. A rectangle that misses the chart has none; so has one
+  /// with the limits of 64-bit integers, of which the low 32 bits are -1 and 0:
+  /// take currentFlowchartBounds, or allElements. Cost: a scan of the rectangle's
+  /// rows.
   std::vector<ScreenElement> elementsInBounds(ScreenBounds bounds) const;
 
   /// The element under the cursor. Throws std::out_of_range when there is none.
