@@ -97,11 +97,8 @@ std::int32_t findInRow(const RowCell* first, const RowCell* last, std::int32_t x
   if (first == last || x < first->x) return -1;
   // In a row without gaps the cell stands as far from the first as its column does.
   const std::int64_t guess = std::int64_t{x} - first->x;
-  if (guess < last - first) {
-    if (first[guess].x == x && (guess == 0 || first[guess - 1].x != x)) {
-      return first[guess].element;
-    }
-  }
+  const bool isThere = guess < last - first && first[guess].x == x;
+  if (isThere && (guess == 0 || first[guess - 1].x != x)) return first[guess].element;
   const RowCell* found = std::lower_bound(
       first, last, x, [](const RowCell& cell, std::int32_t wanted) { return cell.x < wanted; });
   return found != last && found->x == x ? found->element : -1;
