@@ -51,24 +51,11 @@ std::string readToEnd(int descriptor) {
   return all;
 }
 
-TEST(Program, EndsQuietlyWhenNobodyReadsOn) {
+void expectAQuietEndWhenNobodyReadsOn(void (*signalMeanwhile)(int)) {
   const auto [deafEnd, out] = newPipe();
   close(deafEnd);
   const auto [errors, error] = newPipe();
-  const pid_t process = start("tavrel list", STDIN_FILENO, out, error);
-  close(out);
-  close(error);
-  EXPECT_EQ("signal " + std::to_string(SIGPIPE), endOf(process));
-  EXPECT_EQ("", readToEnd(errors));
-  close(errors);
-}
-
-// Some starters of programs leave SIGPIPE ignored.
-TEST(Program, EndsQuietlyWhenNobodyReadsOnAndTheSignalIsIgnored) {
-  const auto [deafEnd, out] = newPipe();
-  close(deafEnd);
-  const auto [errors, error] = newPipe();
-  const auto before = std::signal(SIGPIPE, SIG_IGN);
+  const auto before = std::signal(SIGPIPE, signalMeanwhile);
   const pid_t process = start("tavrel list", STDIN_FILENO, out, error);
   std::signal(SIGPIPE, before);
   close(out);
@@ -78,14 +65,32 @@ TEST(Program, EndsQuietlyWhenNobodyReadsOnAndTheSignalIsIgnored) {
   close(errors);
 }
 
-// A program on the other side of two pipes gets its answer before it asks on.
-TEST(Program, AnswersACommandWhileTheInputIsStillOpen) {
+// A walk of "Opening" with a program on the other side of two pipes.
+struct PipedWalk {
+  int commands;
+  int answers;
+  pid_t process;
+};
+
+PipedWalk walkBetweenPipes() {
   const auto [in, commands] = newPipe();
   const auto [answers, out] = newPipe();
   const std::string line = "tavrel walk Opening --charts " TAVREL_CHARTS;
   const pid_t process = start(line, in, out, STDERR_FILENO);
   close(in);
   close(out);
+  return {commands, answers, process};
+}
+
+TEST(Program, EndsQuietlyWhenNobodyReadsOn) { expectAQuietEndWhenNobodyReadsOn(SIG_DFL); }
+
+// Some starters of programs leave SIGPIPE ignored.
+TEST(Program, EndsQuietlyWhenNobodyReadsOnAndTheSignalIsIgnored) {
+  expectAQuietEndWhenNobodyReadsOn(SIG_IGN);
+}
+
+TEST(Program, AnswersACommandWhileTheInputIsStillOpen) {
+  const auto [commands, answers, process] = walkBetweenPipes();
   std::string got;
   char byte = 0;
   while (got.find("> yes, no\n\n") == std::string::npos && read(answers, &byte, 1) == 1) {
@@ -100,12 +105,7 @@ TEST(Program, AnswersACommandWhileTheInputIsStillOpen) {
 }
 
 TEST(Program, EndsAtTheEndOfItsInputInTheMiddleOfALine) {
-  const auto [in, commands] = newPipe();
-  const auto [answers, out] = newPipe();
-  const std::string line = "tavrel walk Opening --charts " TAVREL_CHARTS;
-  const pid_t process = start(line, in, out, STDERR_FILENO);
-  close(in);
-  close(out);
+  const auto [commands, answers, process] = walkBetweenPipes();
   EXPECT_EQ(3, write(commands, "n\ny", 3));
   close(commands);
   const std::string all = readToEnd(answers);
