@@ -9,8 +9,12 @@ namespace {
 // Up to this many slots a cell, an unused slot costs less than a search.
 constexpr std::int64_t slotsPerCell = 4;
 
-std::vector<std::int32_t> sortedWithOrigin(std::vector<std::int32_t> coordinates) {
+std::vector<std::int32_t> sortedWithOrigin(const std::vector<Position>& positions,
+                                           std::int32_t Position::*coordinate) {
+  std::vector<std::int32_t> coordinates;
+  coordinates.reserve(positions.size() + 1);
   coordinates.push_back(0);
+  for (const Position& position : positions) coordinates.push_back(position.*coordinate);
   std::sort(coordinates.begin(), coordinates.end());
   coordinates.erase(std::unique(coordinates.begin(), coordinates.end()), coordinates.end());
   return coordinates;
@@ -18,15 +22,12 @@ std::vector<std::int32_t> sortedWithOrigin(std::vector<std::int32_t> coordinates
 
 }  // namespace
 
-Axis::Axis(const std::vector<std::int32_t>& coordinates) {
-  std::int64_t last = 0;
-  for (const std::int32_t coordinate : coordinates) {
-    first_ = std::min<std::int64_t>(first_, coordinate);
-    last = std::max<std::int64_t>(last, coordinate);
-  }
-  const std::int64_t reach = last - first_ + 1;
-  if (reach > slotsPerCell * static_cast<std::int64_t>(coordinates.size() + 1)) {
-    sparse_ = sortedWithOrigin(coordinates);
+Axis::Axis(const std::vector<Position>& positions, std::int32_t Position::*coordinate,
+           std::int32_t first, std::int32_t last)
+    : first_(first) {
+  const std::int64_t reach = std::int64_t{last} - first + 1;
+  if (reach > slotsPerCell * static_cast<std::int64_t>(positions.size() + 1)) {
+    sparse_ = sortedWithOrigin(positions, coordinate);
     slots_.assign(sparse_.size(), 0);
   } else {
     slots_.assign(static_cast<std::size_t>(reach), 0);

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "engine/Position.h"
+
 namespace tavrel::engine {
 
 /// The columns of a flowchart, or its rows, along one axis of the grid: each as
@@ -21,9 +23,11 @@ class Axis {
   /// An axis on which every coordinate lies at 0.
   Axis() = default;
 
-  /// An axis for the cells at `coordinates`, in any order and repeated at will,
-  /// all of size 0 as yet. The coordinate 0 is always on it.
-  explicit Axis(const std::vector<std::int32_t>& coordinates);
+  /// An axis for cells at these positions, all of size 0 as yet. `coordinate` says
+  /// which of the two coordinates counts, `first` and `last` are the lowest and the
+  /// highest there is. REQUIRES: 0 lies between them.
+  Axis(const std::vector<Position>& positions, std::int32_t Position::*coordinate,
+       std::int32_t first, std::int32_t last);
 
   /// Makes room for a cell of `size` at `coordinate`.
   /// REQUIRES: the axis was made with this coordinate and place() is still to come.

@@ -28,8 +28,10 @@ namespace tavrel {
 class EngineAccess;  // the tests' view of an engine's members
 namespace engine {
 struct FlowchartContents;
+struct Position;
 struct RowCell;
 struct RowIndex;
+class Rows;
 }  // namespace engine
 }  // namespace tavrel
 
@@ -45,6 +47,8 @@ enum eXYDirection : std::int32_t {
 
 /// One occupied grid cell: a box, or a connector cell of the line between boxes.
 struct sScreenElement {
+  sScreenElement() noexcept {}  // one that is not defaulted: that would clear the record first
+
   std::int32_t m_x = 0;        ///< grid column, any sign
   std::int32_t m_y = 0;        ///< grid row, any sign
   std::int32_t m_xOffset = 0;  ///< centre of the column from that of column 0, half characters
@@ -203,7 +207,8 @@ class CTavrel {
   sScreenElement mGetXYElement(const std::int32_t& x, const std::int32_t& y);
 
   /// The elements with minX <= x <= maxX and minY <= y <= maxY, row by row, in
-  /// stored order within a row. Scans those rows; one allocation for the list.
+  /// stored order within a row. Searches those rows for the two columns; scans a row
+  /// with more than 256 elements between them. One allocation for the list.
   std::vector<sScreenElement> mGetElementsInBoundaries(const std::int32_t& minX,
                                                        const std::int32_t& maxX,
                                                        const std::int32_t& minY,
@@ -227,7 +232,7 @@ class CTavrel {
 
   // row_index.cpp
   void takeOver(std::int32_t fc, tavrel::engine::RowIndex&& index) noexcept;
-  std::int32_t scanRow(std::int32_t fc, std::int32_t x, std::int32_t begin, std::int32_t end) const;
+  tavrel::engine::Rows rowsOf(std::int32_t fc) const;
 
   // path.cpp
   void putCursorOnRoot();
@@ -235,15 +240,14 @@ class CTavrel {
   bool layAnswer(char answer);
 
   // moves.cpp
-  void stepTo(std::int32_t direction);
-  void standOn(std::int32_t direction, std::int32_t elementIndex);
-  void followLine(Line way, Marks marks);
-  void moveOnGrid(eXYDirection direction);
-  void moveBackOnGrid(eXYDirection direction);
+  tavrel::engine::Position neighbour(std::int32_t direction) const noexcept;
+  void standOn(const tavrel::engine::Position& position) noexcept;
+  void followLine(std::int32_t direction, Line way, Marks marks);
+  void moveOnGrid(std::int32_t direction);
+  void moveBackOnGrid(std::int32_t direction);
   void moveAlongExit(std::int32_t exit);
   void followLink();
   bool moveAlongMarkedExit(std::int32_t exit);
-  std::int32_t findNeighbour(std::int32_t direction) const;
 
   // Per flowchart, by catalogue index:
   std::vector<std::vector<sScreenElement>> m_screenElements;

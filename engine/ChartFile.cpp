@@ -15,10 +15,10 @@ constexpr std::size_t smallestCell = 13;
 
 class ChartFileReader {
  public:
-  explicit ChartFileReader(std::string_view bytes) : scanner_(bytes) {}
+  explicit ChartFileReader(std::string_view bytes)
+      : scanner_(bytes), chart_({Ending::cut, {}, Nodes(bytes.data() + bytes.size()), {}, {}}) {}
 
   ChartFile read() {
-    chart_.ending = Ending::cut;  // until something else is known
     if (readHeader() && readIntro() && readNodes() && readBoxes() && readConnectors()) {
       chart_.ending = Ending::complete;
     }
@@ -32,9 +32,9 @@ class ChartFileReader {
   }
 
   bool readIntro() {
-    TextLines intro;
-    if (!readText(intro)) return false;
-    chart_.intro = intro;
+    Scanner intro = scanner_;
+    if (!scanner_.passText()) return false;
+    chart_.intro = intro.readText();
     return true;
   }
 
@@ -42,28 +42,19 @@ class ChartFileReader {
     std::int32_t count = 0;
     if (!scanner_.readNumber(count)) return false;
     makeRoom(chart_.nodes, count, smallestNode);
-    for (sLogicalNode node; count > 0; --count) {
-      if (!readNode(node)) return false;
-      chart_.nodes.push_back(node);
+    for (std::string_view name; count > 0; --count) {
+      const char* start = scanner_.position();
+      if (!scanner_.passText() || !scanner_.passText() || !scanner_.readLine(name)) return false;
+      chart_.nodes.append(start);
     }
     return true;
-  }
-
-  bool readNode(sLogicalNode& node) {
-    return readText(node.m_boxLines) && readText(node.m_commentLines) &&
-           scanner_.readLine(node.m_nextFlowchartName);
-  }
-
-  bool readText(TextLines& lines) {
-    std::int32_t count = 0;
-    return scanner_.readNumber(count) && scanner_.readLines(count, lines);
   }
 
   bool readBoxes() {
     std::int32_t count = 0;
     if (!scanner_.readNumber(count)) return false;
     if (count < 0) return endsWith(Ending::negativeCount);
-    makeRoom(chart_.cells, count, smallestCell);
+    makeRoomForCells(count);
     for (; count > 0; --count) {
       if (!readBox()) return false;
     }
@@ -74,12 +65,12 @@ class ChartFileReader {
   bool readBox() {
     std::array<std::int32_t, 7> numbers;
     if (!scanner_.readNumbers(numbers)) return false;
-    const Cell box = {numbers[1], numbers[2], numbers[0], exitOf(numbers[5]), exitOf(numbers[6])};
-    if (static_cast<std::size_t>(box.node) >= chart_.nodes.size()) {
-      chart_.unknownNodeCell = box;
+    const Position position = {numbers[1], numbers[2]};
+    if (static_cast<std::size_t>(numbers[0]) >= chart_.nodes.size()) {
+      chart_.unknownNodePosition = position;
       return endsWith(Ending::unknownNode);
     }
-    chart_.cells.push_back(box);
+    append(position, {numbers[0], exitOf(numbers[5]), exitOf(numbers[6])});
     ++chart_.boxCount;
     return true;
   }
@@ -88,13 +79,18 @@ class ChartFileReader {
   bool readConnectors() {
     std::int32_t count = 0;
     if (!scanner_.readNumber(count)) return false;
-    makeRoom(chart_.cells, count, smallestCell);
+    makeRoomForCells(count);
     for (; count > 0; --count) {
       std::array<std::int32_t, 7> numbers;
       if (!scanner_.readNumbers(numbers)) return false;
-      chart_.cells.push_back({numbers[5], numbers[6], 0, numbers[3], numbers[4]});
+      append({numbers[5], numbers[6]}, {0, numbers[3], numbers[4]});
     }
     return true;
+  }
+
+  void append(const Position& position, const Cell& cell) {
+    chart_.positions.push_back(position);
+    chart_.cells.push_back(cell);
   }
 
   // A box cell alone writes its missing exits as -1.
@@ -103,6 +99,11 @@ class ChartFileReader {
   bool endsWith(Ending ending) {
     chart_.ending = ending;
     return false;
+  }
+
+  void makeRoomForCells(std::int32_t claimed) {
+    makeRoom(chart_.positions, claimed, smallestCell);
+    makeRoom(chart_.cells, claimed, smallestCell);
   }
 
   // As much room as the file can fill, where that is less than it claims to.
@@ -114,10 +115,20 @@ class ChartFileReader {
   }
 
   Scanner scanner_;
-  ChartFile chart_ = {};
+  ChartFile chart_;
 };
 
 }  // namespace
+
+sLogicalNode Nodes::read(std::size_t index) const {
+  const char* start = starts_[index];
+  Scanner scanner({start, static_cast<std::size_t>(fileEnd_ - start)});
+  sLogicalNode node = {scanner.readText(), scanner.readText(), {}};
+  std::string_view name;
+  scanner.readLine(name);
+  node.m_nextFlowchartName = name;
+  return node;
+}
 
 ChartFile readChartFile(std::string_view bytes) { return ChartFileReader(bytes).read(); }
 

@@ -5,25 +5,25 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "engine/Position.h"
 #include "engine/Scanner.h"
 
-/// The content of one or more boxes: a node block of the file, left in its bytes.
+/// The content of one or more boxes: a node block of the file.
 struct sLogicalNode {
-  tavrel::engine::TextLines m_boxLines;
-  tavrel::engine::TextLines m_commentLines;
-  std::string_view m_nextFlowchartName;
+  std::vector<std::string> m_boxLines;
+  std::vector<std::string> m_commentLines;
+  std::string m_nextFlowchartName;
 };
 
 namespace tavrel::engine {
 
-/// A box cell or a connector cell. The two directions are a box's yes and no
-/// exits, a connector's directions into and out of the cell.
+/// A box cell or a connector cell, but for its position. The two directions are a
+/// box's yes and no exits, a connector's directions into and out of the cell.
 struct Cell {
-  std::int32_t x;
-  std::int32_t y;
   std::int32_t node;  ///< index of the box's node; without meaning for a connector
   std::int32_t yesOrInto;
   std::int32_t noOrOutOf;
@@ -37,14 +37,35 @@ enum class Ending {
   negativeCount,  ///< at a negative number of box cells
 };
 
-/// Everything read whole. Texts refer to the bytes of the file.
+/// The node blocks of a file, left in its bytes until they are wanted.
+class Nodes {
+ public:
+  explicit Nodes(const char* fileEnd) noexcept : fileEnd_(fileEnd) {}
+
+  void reserve(std::size_t count) { starts_.reserve(count); }
+
+  /// REQUIRES: a whole node block starts there.
+  void append(const char* start) { starts_.push_back(start); }
+
+  std::size_t size() const noexcept { return starts_.size(); }
+
+  /// A node, read anew each time. REQUIRES: index < size().
+  sLogicalNode read(std::size_t index) const;
+
+ private:
+  std::vector<const char*> starts_;
+  const char* fileEnd_;
+};
+
+/// Everything read whole. Nodes refer to the bytes of the file.
 struct ChartFile {
   Ending ending;
-  std::optional<TextLines> intro;
-  std::vector<sLogicalNode> nodes;
-  std::vector<Cell> cells;    ///< boxes, then connectors
-  std::size_t boxCount = 0;   ///< how many of the cells are boxes
-  Cell unknownNodeCell = {};  ///< the cell that ended the reading at `unknownNode`
+  std::optional<std::vector<std::string>> intro;
+  Nodes nodes;
+  std::vector<Cell> cells;                ///< boxes, then connectors
+  std::vector<Position> positions;        ///< of the same cells
+  std::size_t boxCount = 0;               ///< how many of the cells are boxes
+  Position unknownNodePosition = {0, 0};  ///< of the cell that ended it at `unknownNode`
 };
 
 /// Reads a file's bytes in one pass, up to the first fault. Allocates in

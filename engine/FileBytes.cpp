@@ -41,9 +41,9 @@ FileBytes::FileBytes(std::size_t expectedSize)
 void FileBytes::readFrom(std::FILE* file) {
   // Without a buffer between, bytes go straight to their place.
   static_cast<void>(std::setvbuf(file, nullptr, _IONBF, 0));
-  while (const std::size_t count = std::fread(bytes_.get() + size_, 1, capacity_ - size_, file)) {
-    size_ += count;
-    if (size_ == capacity_) grow();
+  // A read that leaves room has met the end, or an error.
+  while ((size_ += std::fread(bytes_.get() + size_, 1, capacity_ - size_, file)) == capacity_) {
+    grow();
   }
   bytes_[size_] = '\0';
 }

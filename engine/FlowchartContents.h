@@ -3,21 +3,16 @@
 #ifndef TAVREL_ENGINE_FLOWCHARTCONTENTS_H
 #define TAVREL_ENGINE_FLOWCHARTCONTENTS_H
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "engine/CTavrel.h"
 #include "engine/ChartFile.h"
+#include "engine/Position.h"
 #include "engine/RowIndex.h"
 
 namespace tavrel::engine {
-
-/// The smallest and largest coordinates of a flowchart, inclusive.
-struct Bounds {
-  std::int32_t minX, maxX, minY, maxY;
-};
 
 /// What is thrown once a flowchart has taken its contents over.
 enum class Failure {
@@ -37,10 +32,10 @@ struct FlowchartContents {
 };
 
 /// The contents that a file gives to a flowchart with the bounds `old`. A flowchart
-/// that is too large replaces nothing, and is found to be so before any element is
-/// made. Linear in the file's bytes and the rows between the bounds; a flowchart
-/// whose cells lie far apart adds a sort of them.
-FlowchartContents contentsOf(const ChartFile& file, const Bounds& old);
+/// that is too large replaces nothing; one with too many rows is found to be so before
+/// anything is made. Linear in the file's bytes and the rows between the bounds; a
+/// flowchart whose cells lie far apart adds a sort of them.
+FlowchartContents contentsOf(ChartFile&& file, const Bounds& old);
 
 }  // namespace tavrel::engine
 

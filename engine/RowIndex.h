@@ -3,9 +3,12 @@
 #ifndef TAVREL_ENGINE_ROWINDEX_H
 #define TAVREL_ENGINE_ROWINDEX_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
+
+#include "engine/Position.h"
 
 namespace tavrel::engine {
 
@@ -25,23 +28,56 @@ struct RowIndex {
   std::vector<RowCell> cells;                ///< every element once
 };
 
-/// The lowest element index in column `x` among a row's cells, or -1. Constant for a
-/// row without gaps before x, logarithmic for any other.
-std::int32_t findInRow(const RowCell* first, const RowCell* last, std::int32_t x) noexcept;
+/// Cells of one row that follow one another in the order of `RowIndex::cells`.
+struct RowCells {
+  const RowCell* first = nullptr;
+  std::size_t size = 0;
+
+  const RowCell* last() const noexcept { return first + size; }  ///< behind the last one
+};
+
+/// Whether `cell` is the first of a row in column `x`. In a row without gaps that cell
+/// stands as far from the row's first as its column does: `distance`, which may be any.
+inline bool startsColumn(const RowCells& row, std::int64_t distance, std::int64_t x) noexcept {
+  if (static_cast<std::uint64_t>(distance) >= row.size) return false;
+  const RowCell* cell = row.first + distance;
+  return cell->x == x && (distance == 0 || cell[-1].x != x);
+}
+
+/// The first cell of a row that stands in column `x` or beyond it, or the row's end.
+/// Constant for a row without gaps before x, logarithmic for any other.
+inline const RowCell* firstFrom(const RowCells& row, std::int64_t x) noexcept {
+  if (row.size == 0) return row.first;
+  const std::int64_t distance = x - row.first->x;
+  if (startsColumn(row, distance, x)) return row.first + distance;
+  return std::lower_bound(row.first, row.last(), x,
+                          [](const RowCell& cell, std::int64_t wanted) { return cell.x < wanted; });
+}
+
+/// The lowest element index in column `x` of a row, or -1. Costs what firstFrom does.
+inline std::int32_t findInRow(const RowCells& row, std::int32_t x) noexcept {
+  if (row.size == 0) return -1;
+  const std::int64_t distance = std::int64_t{x} - row.first->x;
+  if (startsColumn(row, distance, x)) return row.first[distance].element;
+  const RowCell* found = firstFrom(row, x);
+  return found != row.last() && found->x == x ? found->element : -1;
+}
 
 /// Whether a row index can be made: at most 16,777,216 rows from minY to maxY, whose
 /// starts take 64 MiB, and at most 2,147,483,647 elements, whose indices have 32 bits.
 bool canBeIndexed(std::int32_t minY, std::int32_t maxY, std::size_t elementCount);
 
-/// The places 0, 1, 2 ... of a list of columns in the order of the columns, equal
+/// The places 0, 1, 2 ... of a list of positions in the order of their columns, equal
 /// ones in the order of the places. Linear where the columns lie close together.
-std::vector<std::int32_t> placesByColumn(const std::vector<std::int32_t>& columns);
+/// REQUIRES: the columns lie between `minX` and `maxX`.
+std::vector<std::int32_t> placesByColumn(const std::vector<Position>& positions, std::int32_t minX,
+                                         std::int32_t maxX);
 
-/// The row index of elements at `columns` and `rows`. Throws std::out_of_range for an
-/// element outside minY to maxY, std::length_error unless canBeIndexed. Linear in
-/// elements plus rows, where the columns lie close together.
-RowIndex buildRowIndex(const std::vector<std::int32_t>& columns,
-                       const std::vector<std::int32_t>& rows, std::int32_t minY, std::int32_t maxY);
+/// The row index of elements at `positions`. Throws std::out_of_range for an element
+/// outside minY to maxY, std::length_error unless canBeIndexed. Linear in elements
+/// plus rows, where the columns lie close together.
+RowIndex buildRowIndex(const std::vector<Position>& positions, std::int32_t minY,
+                       std::int32_t maxY);
 
 }  // namespace tavrel::engine
 

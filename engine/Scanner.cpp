@@ -1,6 +1,5 @@
 #include "engine/Scanner.h"
 
-#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -14,27 +13,46 @@ std::uint32_t digitOf(char byte) noexcept {
   return static_cast<unsigned char>(byte) - std::uint32_t{'0'};
 }
 
-// Passes whitespace and a sign.
-void passToDigits(const char*& next, bool& negative) noexcept {
+// An integer of any length, with whitespace and a sign before it. Returns what follows
+// it, or nullptr if it is none of 32 bits.
+const char* readAnyInteger(const char* next, std::int32_t& number) noexcept {
   while (isWhitespace(*next)) ++next;
-  negative = *next == '-';
+  const bool negative = *next == '-';
   if (negative || *next == '+') ++next;
-}
-
-bool readInteger(const char*& next, std::int32_t& number) noexcept {
-  constexpr std::uint32_t most = std::numeric_limits<std::int32_t>::max();
-  bool negative = false;
-  if (digitOf(*next) > 9) passToDigits(next, negative);
-  std::uint32_t digit = digitOf(*next);
-  if (digit > 9) return false;
-  std::uint32_t magnitude = digit;
-  while ((digit = digitOf(*++next)) <= 9) {
-    if (magnitude > most / 10) return false;
+  if (digitOf(*next) > 9) return nullptr;
+  const std::uint32_t most = std::uint32_t{std::numeric_limits<std::int32_t>::max()} + negative;
+  std::uint32_t magnitude = 0;
+  for (std::uint32_t digit; (digit = digitOf(*next)) <= 9; ++next) {
+    if (magnitude > (most - digit) / 10) return nullptr;
     magnitude = 10 * magnitude + digit;
   }
-  if (magnitude > most + (negative ? 1U : 0U)) return false;
-  number = static_cast<std::int32_t>(negative ? 0U - magnitude : magnitude);
-  return true;
+  number = static_cast<std::int32_t>(negative ? -std::int64_t{magnitude} : std::int64_t{magnitude});
+  return next;
+}
+
+// The same. The integers of a well-made file begin with a digit and have few.
+inline const char* readInteger(const char* next, std::int32_t& number) noexcept {
+  std::uint32_t magnitude = digitOf(*next);
+  if (magnitude > 9) return readAnyInteger(next, number);
+  constexpr int fitting = std::numeric_limits<std::int32_t>::digits10;  // digits, for certain
+  const char* const limit = next + fitting;
+  for (std::uint32_t digit; (digit = digitOf(*++next)) <= 9;) {
+    if (next == limit) return readAnyInteger(limit - fitting, number);
+    magnitude = 10 * magnitude + digit;
+  }
+  number = static_cast<std::int32_t>(magnitude);
+  return next;
+}
+
+// The same with one byte of whitespace behind it. Most are a digit and a blank.
+inline const char* readIntegerAndSpace(const char* next, std::int32_t& number) noexcept {
+  const std::uint32_t digit = digitOf(*next);
+  if (digit <= 9 && next[1] == ' ') {
+    number = static_cast<std::int32_t>(digit);
+    return next + 2;
+  }
+  next = readInteger(next, number);
+  return next && isWhitespace(*next) ? next + 1 : nullptr;
 }
 
 }  // namespace
@@ -48,23 +66,35 @@ bool Scanner::readLine(std::string_view& line) noexcept {
   return true;
 }
 
-bool Scanner::readLines(std::int32_t count, TextLines& lines) noexcept {
-  const char* first = next_;
-  lines = {};
-  for (std::string_view line; lines.count < count; ++lines.count) {
+bool Scanner::passText() noexcept {
+  std::int32_t count = 0;
+  if (!readNumber(count)) return false;
+  for (std::string_view line; count > 0; --count) {
     if (!readLine(line)) return false;
-    lines.widest = std::max(lines.widest, line.size());
   }
-  lines.bytes = {first, static_cast<std::size_t>(next_ - first)};
   return true;
 }
 
-bool Scanner::readNumbers(std::int32_t* numbers, std::size_t count) noexcept {
-  const char* next = next_;  // a local, for the compiler to keep in a register
-  for (std::size_t i = 0; i < count; ++i) {
-    if (i > 0 && !isWhitespace(*next++)) return false;
-    if (!readInteger(next, numbers[i])) return false;
+std::vector<std::string> Scanner::readText() {
+  std::int32_t count = 0;
+  readNumber(count);
+  std::vector<std::string> lines;
+  if (count > 0) lines.reserve(static_cast<std::size_t>(count));
+  for (std::string_view line; count > 0; --count) {
+    readLine(line);
+    lines.emplace_back(line);
   }
+  return lines;
+}
+
+bool Scanner::readNumbers(std::int32_t* numbers, std::size_t count) noexcept {
+  const char* next = next_;
+  for (std::int32_t* const last = numbers + (count - 1); numbers != last; ++numbers) {
+    next = readIntegerAndSpace(next, *numbers);
+    if (!next) return false;
+  }
+  next = readInteger(next, *numbers);
+  if (!next) return false;
   next_ = next;
   passRestOfLine();
   return true;
@@ -77,14 +107,6 @@ void Scanner::passRestOfLine() noexcept {
   }
   std::string_view ignored;
   readLine(ignored);
-}
-
-std::vector<std::string> copyOf(const TextLines& lines) {
-  std::vector<std::string> copy;
-  copy.reserve(static_cast<std::size_t>(lines.count));
-  Scanner scanner(lines.bytes);
-  for (std::string_view line; scanner.readLine(line);) copy.emplace_back(line);
-  return copy;
 }
 
 }  // namespace tavrel::engine

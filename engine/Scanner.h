@@ -12,19 +12,9 @@
 
 namespace tavrel::engine {
 
-/// Text lines that follow one another in a file, left where they stand.
-struct TextLines {
-  std::string_view bytes;  ///< the lines with their line feeds
-  std::int32_t count = 0;  ///< number of lines
-  std::size_t widest = 0;  ///< length of the longest line, in bytes
-};
-
-/// The lines as strings without their line feeds.
-std::vector<std::string> copyOf(const TextLines& lines);
-
 /// Reads a file's bytes from first to last. Each read moves on past what it has
 /// read; after one that fails the position has no meaning and reading is over.
-/// Nothing is copied or allocated.
+/// Nothing but strings is copied or allocated. Copies go their own ways.
 class Scanner {
  public:
   /// REQUIRES: a readable byte that is no digit stands behind `bytes`, which
@@ -32,14 +22,22 @@ class Scanner {
   explicit Scanner(std::string_view bytes) noexcept
       : next_(bytes.data()), end_(bytes.data() + bytes.size()) {}
 
+  /// The next byte to be read.
+  const char* position() const noexcept { return next_; }
+
   /// The number of bytes not yet read.
   std::size_t remaining() const noexcept { return static_cast<std::size_t>(end_ - next_); }
 
   /// Reads a text line, up to its line feed or the end. Fails when no byte is left.
   bool readLine(std::string_view& line) noexcept;
 
-  /// Reads `count` text lines, none if it is negative.
-  bool readLines(std::int32_t count, TextLines& lines) noexcept;
+  /// Passes over a text: a number line with the number of text lines, none if it is
+  /// negative, and these.
+  bool passText() noexcept;
+
+  /// Reads a text as strings without their line feeds.
+  /// REQUIRES: passText would succeed.
+  std::vector<std::string> readText();
 
   /// Reads a number line: as many decimal integers as `numbers` has places, with
   /// whitespace between, line ends included. What follows the last one on its

@@ -3,6 +3,7 @@
 #include "engine/CTavrel.h"
 
 #include "engine/CheckedAccess.h"
+#include "engine/Rows.h"
 
 using namespace tavrel::engine;
 
@@ -14,6 +15,23 @@ constexpr std::int32_t opposite(std::int32_t direction) noexcept { return direct
 // A coordinate after a step, its low 32 bits.
 std::int32_t stepped(std::int32_t coordinate, std::int32_t step) noexcept {
   return static_cast<std::int32_t>(std::int64_t{coordinate} + step);
+}
+
+// A position after a step. Where a line goes straight on, the branches are foreseen,
+// and the next cell is looked for before the direction of this one is known.
+Position stepped(const Position& position, std::int32_t direction) noexcept {
+  switch (direction) {
+    case eYPlus:
+      return {position.x, stepped(position.y, +1)};
+    case eXPlus:
+      return {stepped(position.x, +1), position.y};
+    case eYMinus:
+      return {position.x, stepped(position.y, -1)};
+    case eXMinus:
+      return {stepped(position.x, -1), position.y};
+    default:
+      return position;
+  }
 }
 
 }  // namespace
@@ -42,44 +60,44 @@ void CTavrel::mMoveOnPath() {
 }
 
 void CTavrel::mMoveRoot() {
-  m_currentLocation.m_x = 0;
-  m_currentLocation.m_y = 0;
-  stepTo(eNoDirection);
+  standOn({0, 0});
+  m_currentElementIndex = rowsOf(m_currentFlowchartIndex).find({0, 0});
 }
 
 sScreenElement& CTavrel::currentElement() {
   return at(at(m_screenElements, m_currentFlowchartIndex), m_currentElementIndex);
 }
 
-// Moves the cursor by one cell and looks up what stands there, be it nothing.
-void CTavrel::stepTo(std::int32_t direction) {
-  standOn(direction, m_currentElementIndex);
-  m_currentElementIndex =
-      mFind(m_currentFlowchartIndex, m_currentLocation.m_x, m_currentLocation.m_y);
+Position CTavrel::neighbour(std::int32_t direction) const noexcept {
+  return stepped({m_currentLocation.m_x, m_currentLocation.m_y}, direction);
 }
 
-// Moves the cursor by one cell, onto an element known to stand there.
-void CTavrel::standOn(std::int32_t direction, std::int32_t elementIndex) {
-  const auto code = static_cast<eXYDirection>(direction);
-  m_currentLocation.m_x = stepped(m_currentLocation.m_x, mDirectionX(code));
-  m_currentLocation.m_y = stepped(m_currentLocation.m_y, mDirectionY(code));
-  m_currentElementIndex = elementIndex;
+// What stands there is looked up afterwards: an exit is trusted.
+void CTavrel::standOn(const Position& position) noexcept {
+  m_currentLocation.m_x = position.x;
+  m_currentLocation.m_y = position.y;
 }
 
-// Goes on to the first box. A line has no more cells than the flowchart; one that
-// takes more steps goes round in a loop, or stands still.
-void CTavrel::followLine(Line way, Marks marks) {
-  std::vector<sScreenElement>& elements = at(m_screenElements, m_currentFlowchartIndex);
+// Goes one step in a direction and on along the line to the first box. A line has no
+// more cells than the flowchart; one that takes more steps goes round in a loop, or
+// stands still.
+void CTavrel::followLine(std::int32_t direction, Line way, Marks marks) {
+  const Items elements(at(m_screenElements, m_currentFlowchartIndex));
+  Position position = neighbour(eNoDirection);
+  LineOfLookUps line(rowsOf(m_currentFlowchartIndex), position.y);
   for (std::size_t steps = 0;; ++steps) {
+    position = stepped(position, direction);
+    standOn(position);
+    m_currentElementIndex = line.find(position);
     sScreenElement& cell = at(elements, m_currentElementIndex);
     if (marks == Marks::set) cell.m_isOnPath = true;
     if (cell.m_isNode) return;
     if (steps > elements.size()) throwOutOfRange();
-    stepTo(way == Line::forward ? cell.m_directionOutOf : opposite(cell.m_directionInto));
+    direction = way == Line::forward ? cell.m_directionOutOf : opposite(cell.m_directionInto);
   }
 }
 
-void CTavrel::moveOnGrid(eXYDirection direction) {
+void CTavrel::moveOnGrid(std::int32_t direction) {
   const sScreenElement& box = currentElement();
   if (box.m_yesDir == direction || box.m_noDir == direction) {
     moveAlongExit(direction);
@@ -88,25 +106,19 @@ void CTavrel::moveOnGrid(eXYDirection direction) {
   }
 }
 
-// The exit is trusted: the cursor moves before anything is known of the next cell.
 void CTavrel::moveAlongExit(std::int32_t exit) {
-  if (exit == eNoDirection) return;
-  stepTo(exit);
-  followLine(Line::forward, Marks::keep);
+  if (exit != eNoDirection) followLine(exit, Line::forward, Marks::keep);
 }
 
 // The neighbour is looked at first: only one that leads here lets the cursor in.
-void CTavrel::moveBackOnGrid(eXYDirection direction) {
-  const std::int32_t neighbourIndex = findNeighbour(direction);
-  if (neighbourIndex == -1) return;
-  const sScreenElement& neighbour = at(currentElements(), neighbourIndex);
+void CTavrel::moveBackOnGrid(std::int32_t direction) {
+  const std::int32_t index = rowsOf(m_currentFlowchartIndex).find(neighbour(direction));
+  if (index == -1) return;
+  const sScreenElement& cell = at(currentElements(), index);
   const std::int32_t here = opposite(direction);
-  const bool leadsHere = neighbour.m_isNode
-                             ? neighbour.m_yesDir == here || neighbour.m_noDir == here
-                             : neighbour.m_directionOutOf == here;
-  if (!leadsHere) return;
-  standOn(direction, neighbourIndex);
-  followLine(Line::backward, Marks::keep);
+  const bool leadsHere =
+      cell.m_isNode ? cell.m_yesDir == here || cell.m_noDir == here : cell.m_directionOutOf == here;
+  if (leadsHere) followLine(direction, Line::backward, Marks::keep);
 }
 
 void CTavrel::followLink() {
@@ -118,15 +130,8 @@ void CTavrel::followLink() {
 // False, with nothing done, where there is no exit or its first cell is unmarked.
 bool CTavrel::moveAlongMarkedExit(std::int32_t exit) {
   if (exit == eNoDirection) return false;
-  const std::int32_t next = findNeighbour(exit);
+  const std::int32_t next = rowsOf(m_currentFlowchartIndex).find(neighbour(exit));
   if (!at(currentElements(), next).m_isOnPath) return false;
-  standOn(exit, next);
-  followLine(Line::forward, Marks::keep);
+  followLine(exit, Line::forward, Marks::keep);
   return true;
-}
-
-std::int32_t CTavrel::findNeighbour(std::int32_t direction) const {
-  const auto code = static_cast<eXYDirection>(direction);
-  return mFind(m_currentFlowchartIndex, stepped(m_currentLocation.m_x, mDirectionX(code)),
-               stepped(m_currentLocation.m_y, mDirectionY(code)));
 }

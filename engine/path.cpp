@@ -62,7 +62,6 @@ bool CTavrel::layAnswer(char answer) {
   const sScreenElement& box = currentElement();
   const std::int32_t exit = answer == 'y' ? box.m_yesDir : box.m_noDir;
   if (exit == eNoDirection) return false;
-  stepTo(exit);
-  followLine(Line::forward, Marks::set);
+  followLine(exit, Line::forward, Marks::set);
   return true;
 }

@@ -2,11 +2,10 @@
 
 #include "engine/CTavrel.h"
 
-#include <algorithm>
-
 #include "engine/CheckedAccess.h"
+#include "engine/Rows.h"
 
-using tavrel::engine::at;
+using namespace tavrel::engine;
 
 const std::vector<sScreenElement>& CTavrel::currentElements() const {
   return at(m_screenElements, m_currentFlowchartIndex);
@@ -44,28 +43,12 @@ std::vector<sScreenElement> CTavrel::mGetElementsInBoundaries(const std::int32_t
                                                               const std::int32_t& maxX,
                                                               const std::int32_t& minY,
                                                               const std::int32_t& maxY) const {
-  const std::int64_t base = at(m_minY, m_currentFlowchartIndex);
-  const std::vector<std::int32_t>& starts = at(m_rowStarts, m_currentFlowchartIndex);
-  const std::int64_t rows = static_cast<std::int64_t>(starts.size()) - 1;
-  const std::int64_t firstRow = std::max<std::int64_t>(minY - base, 0);
-  const std::int64_t lastRow = maxY - base;
-  if (firstRow >= rows || lastRow < firstRow) return {};
-
   const std::vector<sScreenElement>& elements = currentElements();
-  const std::vector<std::int32_t>& indices = at(m_rowElementIndices, m_currentFlowchartIndex);
-  const std::int32_t begin = at(starts, firstRow);
-  const std::int32_t end = at(starts, std::min(lastRow + 1, rows));
-  const auto forEachInside = [&](auto visit) {
-    for (std::int32_t k = begin; k < end; ++k) {
-      const sScreenElement& element = at(elements, at(indices, k));
-      if (minX <= element.m_x && element.m_x <= maxX) visit(element);
-    }
-  };
-
-  std::size_t count = 0;
-  forEachInside([&](const sScreenElement&) { ++count; });
-  std::vector<sScreenElement> inside;
-  inside.reserve(count);
-  forEachInside([&](const sScreenElement& element) { inside.push_back(element); });
-  return inside;
+  const Rows rows = rowsOf(m_currentFlowchartIndex);
+  const Bounds bounds = {minX, maxX, minY, maxY};
+  std::vector<sScreenElement> within;
+  within.reserve(rows.countWithin(bounds));
+  rows.forEachWithin(bounds,
+                     [&](std::int32_t element) { within.push_back(at(elements, element)); });
+  return within;
 }

@@ -113,6 +113,21 @@ TEST_F(Queries, ARectangleTurnedAroundIsEmpty) {
   EXPECT_EQ(inside(-2, 3, INT32_MAX, INT32_MIN), "");
 }
 
+TEST_F(Queries, ARowsElementsKeepTheirStoredOrderInNarrowRectanglesAndWideOnes) {
+  constexpr int columns = 600;
+  ChartFile chart;
+  for (int i = 0; i < columns; ++i) chart.box(i * 7 % columns, 0, "mixed");
+  select(chart);
+  for (const int width : {1, 2, 9, 255, 256, 257, 599, 600}) {
+    std::string expected;
+    for (int i = 0; i < columns; ++i) {
+      const int x = i * 7 % columns;
+      if (x < width) expected += (expected.empty() ? "" : " ") + std::to_string(x) + ",0";
+    }
+    EXPECT_EQ(inside(0, width - 1, 0, 0), expected) << width;
+  }
+}
+
 TEST_F(Queries, ARectangleMayReachToTheEndsOf32Bits) {
   selectFourRows();
   EXPECT_EQ(inside(INT32_MIN, INT32_MAX, INT32_MIN, INT32_MAX), "-2,-1 0,0 3,0 1,0 2,2");

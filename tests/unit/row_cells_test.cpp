@@ -16,11 +16,12 @@ namespace {
 
 using engine::findInRow;
 using engine::placesByColumn;
+using engine::Position;
 using engine::RowCell;
 using Numbers = std::vector<std::int32_t>;
 
 std::int32_t find(const std::vector<RowCell>& row, std::int32_t x) {
-  return findInRow(row.data(), row.data() + row.size(), x);
+  return findInRow({row.data(), row.size()}, x);
 }
 
 TEST(RowCells, NothingIsFoundInAnEmptyRow) { EXPECT_EQ(find({}, 0), -1); }
@@ -67,26 +68,26 @@ TEST(RowCells, FindWhatALookAtEachFinds) {
   }
 }
 
-Numbers sortedPlaces(const Numbers& columns) {
-  Numbers places(columns.size());
+Numbers sortedPlaces(const std::vector<Position>& positions) {
+  Numbers places(positions.size());
   std::iota(places.begin(), places.end(), 0);
   std::stable_sort(places.begin(), places.end(), [&](std::int32_t a, std::int32_t b) {
-    return columns[static_cast<std::size_t>(a)] < columns[static_cast<std::size_t>(b)];
+    return positions[static_cast<std::size_t>(a)].x < positions[static_cast<std::size_t>(b)].x;
   });
   return places;
 }
 
-TEST(PlacesByColumn, OfNoColumnsAreNone) { EXPECT_EQ(placesByColumn({}), Numbers{}); }
+TEST(PlacesByColumn, OfNoPositionsAreNone) { EXPECT_EQ(placesByColumn({}, 0, 0), Numbers{}); }
 
 TEST(PlacesByColumn, KeepTheOrderOfEqualColumnsHoweverFarTheColumnsReach) {
   std::mt19937 random(21);
   for (const std::int32_t reach : {1, 3, 50, 1000, INT32_MAX}) {
     std::uniform_int_distribution<std::int32_t> column(-reach, reach);
-    Numbers columns(100);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      columns[i] = i % 3 == 2 ? columns[i - 2] : column(random);
+    std::vector<Position> positions(100);
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+      positions[i] = {i % 3 == 2 ? positions[i - 2].x : column(random), 0};
     }
-    EXPECT_EQ(placesByColumn(columns), sortedPlaces(columns)) << reach;
+    EXPECT_EQ(placesByColumn(positions, -reach, reach), sortedPlaces(positions)) << reach;
   }
 }
 
@@ -100,6 +101,11 @@ TEST_F(RowCellsOfAnEngine, AreNotUsedAfterAReadThatThrew) {
   EXPECT_THROW(engine.mSetStartLocation(0), std::out_of_range);
   EXPECT_EQ(engine.mFind(0, 0, 1), -1);
   EXPECT_EQ(engine.mFind(0, 5, 1), 0);
+}
+
+TEST(RowCells, AsManyElementsCanBeIndexedAs32BitsCount) {
+  EXPECT_TRUE(engine::canBeIndexed(0, 0, 2147483647));
+  EXPECT_FALSE(engine::canBeIndexed(0, 0, 2147483648));
 }
 
 }  // namespace

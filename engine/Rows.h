@@ -1,0 +1,164 @@
+// The rows of one flowchart, as moves and queries look cells up in them.
+
+#ifndef TAVREL_ENGINE_ROWS_H
+#define TAVREL_ENGINE_ROWS_H
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "engine/CTavrel.h"
+#include "engine/CheckedAccess.h"
+#include "engine/Position.h"
+#include "engine/RowIndex.h"
+
+namespace tavrel::engine {
+
+/// Refers to a flowchart's elements and row index; holds as long as neither is
+/// replaced. An index that was not made from these elements, the placeholder's or
+/// one left behind by a read that threw, has no cells: its rows are scanned.
+class Rows {
+ public:
+  Rows(const std::vector<sScreenElement>& elements, const std::vector<std::int32_t>& indices,
+       const std::vector<std::int32_t>& starts, const std::vector<RowCell>& cells,
+       std::int32_t minY) noexcept
+      : elements_(elements),
+        indices_(indices),
+        starts_(starts.data()),
+        count_(static_cast<std::int64_t>(starts.size()) - 1),
+        cells_(cells.empty() ? nullptr : cells.data()),
+        minY_(minY) {}
+
+  bool haveCells() const noexcept { return cells_ != nullptr; }
+
+  /// The cells of the row at `y`, none outside the rows. REQUIRES: haveCells().
+  RowCells cellsAt(std::int32_t y) const noexcept {
+    const std::int64_t row = rowAt(y);
+    return 0 <= row && row < count_ ? cellsOf(row) : RowCells();
+  }
+
+  /// The lowest element index at a position, or -1.
+  std::int32_t find(const Position& position) const {
+    return haveCells() ? findInRow(cellsAt(position.y), position.x) : scanFor(position);
+  }
+
+  /// Calls `visit` with the index of each element within inclusive bounds, row by
+  /// row, in stored order within a row. Costs a search of each row's ends, and a
+  /// sort of the cells between them or a scan of the row.
+  template <typename Visit>
+  void forEachWithin(const Bounds& bounds, const Visit& visit) const {
+    forEachRow(bounds, [&](std::int64_t row) {
+      const RowCells cells = haveCells() ? cellsWithin(row, bounds) : RowCells();
+      if (!haveCells() || cells.size > mostSorted) {
+        scan(row, bounds, visit);
+      } else {
+        visitSorted(cells, visit);
+      }
+    });
+  }
+
+  /// How many elements forEachWithin visits. Costs the searches alone.
+  std::size_t countWithin(const Bounds& bounds) const {
+    std::size_t elements = 0;
+    forEachRow(bounds, [&](std::int64_t row) {
+      if (haveCells()) {
+        elements += cellsWithin(row, bounds).size;
+      } else {
+        scan(row, bounds, [&](std::int32_t) { ++elements; });
+      }
+    });
+    return elements;
+  }
+
+ private:
+  // How many cells are worth sorting, rather than scanning their row for them.
+  static constexpr std::size_t mostSorted = 256;
+
+  std::int64_t rowAt(std::int32_t y) const noexcept { return std::int64_t{y} - minY_; }
+
+  RowCells cellsOf(std::int64_t row) const noexcept {
+    const std::int32_t start = starts_[row];
+    return {cells_ + start, static_cast<std::size_t>(starts_[row + 1] - start)};
+  }
+
+  RowCells cellsWithin(std::int64_t row, const Bounds& bounds) const noexcept {
+    const RowCells cells = cellsOf(row);
+    const RowCell* first = firstFrom(cells, bounds.minX);
+    const RowCell* last = firstFrom(cells, std::int64_t{bounds.maxX} + 1);
+    return {first, static_cast<std::size_t>(std::max<std::ptrdiff_t>(last - first, 0))};
+  }
+
+  template <typename Visit>
+  void forEachRow(const Bounds& bounds, const Visit& visit) const {
+    const std::int64_t last = std::min(rowAt(bounds.maxY), count_ - 1);
+    for (std::int64_t row = std::max<std::int64_t>(rowAt(bounds.minY), 0); row <= last; ++row) {
+      visit(row);
+    }
+  }
+
+  template <typename Visit>
+  static void visitSorted(const RowCells& cells, const Visit& visit) {
+    std::array<std::int32_t, mostSorted> elements;
+    std::int32_t* const end = std::transform(cells.first, cells.last(), elements.data(),
+                                             [](const RowCell& cell) { return cell.element; });
+    std::sort(elements.data(), end);
+    std::for_each(elements.data(), end, visit);
+  }
+
+  template <typename Visit>
+  void scan(std::int64_t row, const Bounds& bounds, const Visit& visit) const {
+    for (std::int32_t k = starts_[row]; k < starts_[row + 1]; ++k) {
+      const std::int32_t element = at(indices_, k);
+      const std::int32_t x = at(elements_, element).m_x;
+      if (bounds.minX <= x && x <= bounds.maxX) visit(element);
+    }
+  }
+
+  std::int32_t scanFor(const Position& position) const {
+    std::int32_t found = -1;
+    const auto& [x, y] = position;
+    forEachRow({x, x, y, y}, [&](std::int64_t row) {
+      scan(row, {x, x, y, y}, [&](std::int32_t element) {
+        if (found == -1) found = element;
+      });
+    });
+    return found;
+  }
+
+  const std::vector<sScreenElement>& elements_;
+  const std::vector<std::int32_t>& indices_;
+  const std::int32_t* starts_;
+  std::int64_t count_;  // of the rows
+  const RowCell* cells_;
+  std::int32_t minY_;
+};
+
+/// Looks up one position after another; cheapest where each lies in the row of the
+/// one before.
+class LineOfLookUps {
+ public:
+  /// The line begins in row `y`.
+  LineOfLookUps(const Rows& rows, std::int32_t y) noexcept
+      : rows_(rows), y_(y), row_(rows.haveCells() ? rows.cellsAt(y) : RowCells()) {}
+
+  /// The lowest element index at a position, or -1.
+  std::int32_t find(const Position& position) {
+    if (!rows_.haveCells()) return rows_.find(position);
+    if (position.y != y_) {
+      y_ = position.y;
+      row_ = rows_.cellsAt(y_);
+    }
+    return findInRow(row_, position.x);
+  }
+
+ private:
+  Rows rows_;
+  std::int32_t y_;
+  RowCells row_;
+};
+
+}  // namespace tavrel::engine
+
+#endif  // TAVREL_ENGINE_ROWS_H
