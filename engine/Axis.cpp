@@ -7,7 +7,7 @@ namespace tavrel::engine {
 namespace {
 
 // Up to this many slots a cell, an unused slot costs less than a search.
-constexpr std::int64_t slotsPerCell = 4;
+constexpr std::int64_t slotsPerCell = 2;
 
 std::vector<std::int32_t> sortedWithOrigin(const std::vector<Position>& positions,
                                            std::int32_t Position::*coordinate) {
@@ -34,11 +34,6 @@ Axis::Axis(const std::vector<Position>& positions, std::int32_t Position::*coord
   }
 }
 
-void Axis::include(std::int32_t coordinate, std::size_t size) {
-  std::int64_t& slot = slots_[slotOf(coordinate)];
-  slot = std::max(slot, static_cast<std::int64_t>(size));
-}
-
 bool Axis::place(std::int64_t gap) {
   const std::size_t origin = slotOf(0);
   if (!placeToward(+1, origin, gap) || !placeToward(-1, origin, gap)) return false;
@@ -58,7 +53,7 @@ bool Axis::placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap
     if (position != static_cast<std::int32_t>(position)) return false;
     coordinate = coordinateOf(slot);
     size = slots_[slot];
-    slots_[slot] = position;
+    slots_[slot] = static_cast<std::int32_t>(position);
   }
   return true;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "engine/Position.h"
@@ -31,7 +32,11 @@ class Axis {
 
   /// Makes room for a cell of `size` at `coordinate`.
   /// REQUIRES: the axis was made with this coordinate and place() is still to come.
-  void include(std::int32_t coordinate, std::size_t size);
+  void include(std::int32_t coordinate, std::size_t size) {
+    constexpr std::size_t most = std::numeric_limits<std::int32_t>::max();  // more never fits
+    std::int32_t& slot = slots_[slotOf(coordinate)];
+    slot = std::max(slot, static_cast<std::int32_t>(std::min(size, most)));
+  }
 
   /// Computes the positions: the centres of neighbours lie both their sizes plus
   /// `gap` apart, in half units. False, with the positions of no use, if one of
@@ -41,7 +46,7 @@ class Axis {
   /// The position of a coordinate. REQUIRES: place() was called, or the axis was
   /// made without coordinates.
   std::int32_t position(std::int32_t coordinate) const {
-    return slots_.empty() ? 0 : static_cast<std::int32_t>(slots_[slotOf(coordinate)]);
+    return slots_.empty() ? 0 : slots_[slotOf(coordinate)];
   }
 
  private:
@@ -57,7 +62,7 @@ class Axis {
   // close together; otherwise one for each coordinate in sparse_, ascending.
   std::int64_t first_ = 0;
   std::vector<std::int32_t> sparse_;
-  std::vector<std::int64_t> slots_;  // sizes until place(), positions after it
+  std::vector<std::int32_t> slots_;  // sizes until place(), positions after it
 };
 
 }  // namespace tavrel::engine

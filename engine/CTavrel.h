@@ -76,6 +76,8 @@ struct sFlowchartNameAndCoordinates {
 
 class CTavrel {
  public:
+  static constexpr std::int32_t flowchartCount = 45;
+
   /// An engine for the files DIRECTORY + NAME + ".fv". The directory is used as
   /// it stands, so it must end with its separator. Reads nothing; every flowchart
   /// starts as one box, "Flowchart not read".
@@ -222,7 +224,9 @@ class CTavrel {
   enum class Line { forward, backward };
   enum class Marks { keep, set };
 
-  bool isFlowchart(std::int32_t index) const noexcept;
+  static bool isFlowchart(std::int32_t index) noexcept {
+    return 0 <= index && index < flowchartCount;
+  }
   const std::vector<sScreenElement>& currentElements() const;
   sScreenElement& currentElement();
 

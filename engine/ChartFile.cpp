@@ -121,8 +121,7 @@ class ChartFileReader {
 }  // namespace
 
 sLogicalNode Nodes::read(std::size_t index) const {
-  const char* start = starts_[index];
-  Scanner scanner({start, static_cast<std::size_t>(fileEnd_ - start)});
+  Scanner scanner = scannerAt(index);
   sLogicalNode node = {scanner.readText(), scanner.readText(), {}};
   std::string_view name;
   scanner.readLine(name);

@@ -52,7 +52,15 @@ class Nodes {
   /// A node, read anew each time. REQUIRES: index < size().
   sLogicalNode read(std::size_t index) const;
 
+  /// The size of a node's box text. REQUIRES: index < size().
+  TextSize boxSize(std::size_t index) const noexcept { return scannerAt(index).measureText(); }
+
  private:
+  Scanner scannerAt(std::size_t index) const noexcept {
+    const char* start = starts_[index];
+    return Scanner({start, static_cast<std::size_t>(fileEnd_ - start)});
+  }
+
   std::vector<const char*> starts_;
   const char* fileEnd_;
 };

@@ -1,6 +1,5 @@
 #include "engine/FlowchartContents.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -13,30 +12,6 @@ namespace {
 constexpr std::int64_t columnGap = 15;
 constexpr std::int64_t rowGap = 2;
 
-// What a box and a connector have in common.
-sScreenElement& append(std::vector<sScreenElement>& elements, const Position& position) {
-  sScreenElement& element = elements.emplace_back();
-  element.m_x = position.x;
-  element.m_y = position.y;
-  element.m_yesDir = element.m_noDir = eNoDirection;
-  element.m_directionInto = element.m_directionOutOf = eNoDirection;
-  return element;
-}
-
-void appendBoxes(std::vector<sScreenElement>& elements, const ChartFile& file) {
-  for (std::size_t i = 0; i < file.boxCount; ++i) {
-    const Cell& cell = file.cells[i];
-    sLogicalNode node = file.nodes.read(static_cast<std::size_t>(cell.node));
-    sScreenElement& box = append(elements, file.positions[i]);
-    box.m_isNode = true;
-    box.m_newFlowchartName = std::move(node.m_nextFlowchartName);
-    box.m_boxText = std::move(node.m_boxLines);
-    box.m_commentText = std::move(node.m_commentLines);
-    box.m_yesDir = cell.yesOrInto;
-    box.m_noDir = cell.noOrOutOf;
-  }
-}
-
 struct Layout {
   Axis columns;
   Axis rows;
@@ -47,24 +22,45 @@ struct Layout {
   }
 };
 
-std::size_t widestOf(const std::vector<std::string>& lines) noexcept {
-  std::size_t widest = 0;
-  for (const std::string& line : lines) widest = std::max(widest, line.size());
-  return widest;
-}
-
 // Where the columns and rows lie; empty if one lies beyond 32 bits.
-std::optional<Layout> layoutOf(const std::vector<sScreenElement>& boxes,
-                               const std::vector<Position>& positions) {
-  const auto [minX, maxX, minY, maxY] = including({0, 0, 0, 0}, positions);
-  Layout layout = {Axis(positions, &Position::x, minX, maxX),
-                   Axis(positions, &Position::y, minY, maxY)};
-  for (const sScreenElement& box : boxes) {
-    layout.columns.include(box.m_x, widestOf(box.m_boxText));
-    layout.rows.include(box.m_y, box.m_boxText.size());
+std::optional<Layout> layoutOf(const ChartFile& file) {
+  const auto [minX, maxX, minY, maxY] = including({0, 0, 0, 0}, file.positions);
+  Layout layout = {Axis(file.positions, &Position::x, minX, maxX),
+                   Axis(file.positions, &Position::y, minY, maxY)};
+  for (std::size_t i = 0; i < file.boxCount; ++i) {
+    const TextSize size = file.nodes.boxSize(static_cast<std::size_t>(file.cells[i].node));
+    layout.columns.include(file.positions[i].x, size.widest);
+    layout.rows.include(file.positions[i].y, size.lines);
   }
   if (!layout.columns.place(columnGap) || !layout.rows.place(rowGap)) return std::nullopt;
   return layout;
+}
+
+// What a box and a connector have in common.
+sScreenElement& append(std::vector<sScreenElement>& elements, const Position& position,
+                       const Layout& layout) {
+  sScreenElement& element = elements.emplace_back();
+  element.m_x = position.x;
+  element.m_y = position.y;
+  layout.place(element);
+  element.m_yesDir = element.m_noDir = eNoDirection;
+  element.m_directionInto = element.m_directionOutOf = eNoDirection;
+  return element;
+}
+
+void appendBoxes(std::vector<sScreenElement>& elements, const ChartFile& file,
+                 const Layout& layout) {
+  for (std::size_t i = 0; i < file.boxCount; ++i) {
+    const Cell& cell = file.cells[i];
+    sLogicalNode node = file.nodes.read(static_cast<std::size_t>(cell.node));
+    sScreenElement& box = append(elements, file.positions[i], layout);
+    box.m_isNode = true;
+    box.m_newFlowchartName = std::move(node.m_nextFlowchartName);
+    box.m_boxText = std::move(node.m_boxLines);
+    box.m_commentText = std::move(node.m_commentLines);
+    box.m_yesDir = cell.yesOrInto;
+    box.m_noDir = cell.noOrOutOf;
+  }
 }
 
 void appendConnectors(std::vector<sScreenElement>& elements, const ChartFile& file,
@@ -72,12 +68,26 @@ void appendConnectors(std::vector<sScreenElement>& elements, const ChartFile& fi
   // Every connector carries the name of the last box.
   const std::string lastName = elements.empty() ? "" : elements.back().m_newFlowchartName;
   for (std::size_t i = file.boxCount; i < file.cells.size(); ++i) {
-    sScreenElement& connector = append(elements, file.positions[i]);
+    sScreenElement& connector = append(elements, file.positions[i], layout);
     if (!lastName.empty()) connector.m_newFlowchartName = lastName;
     connector.m_directionInto = file.cells[i].yesOrInto;
     connector.m_directionOutOf = file.cells[i].noOrOutOf;
-    layout.place(connector);
   }
+}
+
+std::vector<sScreenElement> elementsOf(const ChartFile& file, const Layout& layout) {
+  std::vector<sScreenElement> elements;
+  elements.reserve(file.cells.size());
+  appendBoxes(elements, file, layout);
+  appendConnectors(elements, file, layout);
+  return elements;
+}
+
+// Empty if the layout is.
+std::optional<std::vector<sScreenElement>> laidOutElementsOf(const ChartFile& file) {
+  const std::optional<Layout> layout = layoutOf(file);
+  if (!layout) return std::nullopt;
+  return elementsOf(file, *layout);
 }
 
 // The cell that ends the reading for its node counts too.
@@ -97,6 +107,7 @@ Failure failureOf(Ending ending) {
   }
 }
 
+// A flowchart that is too large replaces nothing.
 FlowchartContents tooLarge(const Bounds& old) {
   return {std::nullopt, std::nullopt, std::nullopt, old, Failure::length};
 }
@@ -112,18 +123,11 @@ FlowchartContents contentsOf(ChartFile&& file, const Bounds& old) {
 
   const bool isWhole = contents.failure == Failure::none;
   const auto [minX, maxX, minY, maxY] = contents.bounds;
-  if (isWhole && !canBeIndexed(minY, maxY, file.cells.size())) return tooLarge(old);
-  std::vector<sScreenElement> elements;
-  elements.reserve(file.cells.size());
-  appendBoxes(elements, file);
-  if (isWhole) {
-    const std::optional<Layout> layout = layoutOf(elements, file.positions);
-    if (!layout) return tooLarge(old);
-    for (sScreenElement& box : elements) layout->place(box);
-    appendConnectors(elements, file, *layout);
-    contents.rowIndex = buildRowIndex(file.positions, minY, maxY);
-  }
-  contents.elements = std::move(elements);
+  if (isWhole && !canBeIndexed(minY, maxY, file.positions.size())) return tooLarge(old);
+  contents.elements = isWhole ? laidOutElementsOf(file) : elementsOf(file, Layout());
+  if (!contents.elements) return tooLarge(old);
+  file.cells = {};  // what is no longer needed makes room for the row index
+  if (isWhole) contents.rowIndex = buildRowIndex(file.positions, minY, maxY);
   return contents;
 }
 

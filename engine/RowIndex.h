@@ -44,14 +44,25 @@ inline bool startsColumn(const RowCells& row, std::int64_t distance, std::int64_
   return cell->x == x && (distance == 0 || cell[-1].x != x);
 }
 
-/// The first cell of a row that stands in column `x` or beyond it, or the row's end.
-/// Constant for a row without gaps before x, logarithmic for any other.
+/// The first cell of a row that stands in column `x` or beyond it, or the row's end. A
+/// binary search that always takes as many steps as the row's size asks for: where no
+/// step can be foreseen, computing its outcome is faster than branching on it.
+inline const RowCell* searchedFrom(const RowCells& row, std::int64_t x) noexcept {
+  const RowCell* first = row.first;
+  for (std::size_t size = row.size; size > 0;) {
+    const std::size_t half = (size + 1) / 2;
+    first += static_cast<std::size_t>(first[half - 1].x < x) * half;
+    size -= half;
+  }
+  return first;
+}
+
+/// The same. Constant for a row without gaps before x, logarithmic for any other.
 inline const RowCell* firstFrom(const RowCells& row, std::int64_t x) noexcept {
   if (row.size == 0) return row.first;
   const std::int64_t distance = x - row.first->x;
   if (startsColumn(row, distance, x)) return row.first + distance;
-  return std::lower_bound(row.first, row.last(), x,
-                          [](const RowCell& cell, std::int64_t wanted) { return cell.x < wanted; });
+  return searchedFrom(row, x);
 }
 
 /// The lowest element index in column `x` of a row, or -1. Costs what firstFrom does.
@@ -59,7 +70,7 @@ inline std::int32_t findInRow(const RowCells& row, std::int32_t x) noexcept {
   if (row.size == 0) return -1;
   const std::int64_t distance = std::int64_t{x} - row.first->x;
   if (startsColumn(row, distance, x)) return row.first[distance].element;
-  const RowCell* found = firstFrom(row, x);
+  const RowCell* found = searchedFrom(row, x);
   return found != row.last() && found->x == x ? found->element : -1;
 }
 

@@ -45,17 +45,16 @@ class Rows {
   }
 
   /// Calls `visit` with the index of each element within inclusive bounds, row by
-  /// row, in stored order within a row. Costs a search of each row's ends, and a
-  /// sort of the cells between them or a scan of the row.
+  /// row, in stored order within a row. Costs a search of each row for the two columns;
+  /// where they cut something off, a sort of the cells between them or a scan of the row.
   template <typename Visit>
   void forEachWithin(const Bounds& bounds, const Visit& visit) const {
     forEachRow(bounds, [&](std::int64_t row) {
-      const RowCells cells = haveCells() ? cellsWithin(row, bounds) : RowCells();
-      if (!haveCells() || cells.size > mostSorted) {
-        scan(row, bounds, visit);
-      } else {
-        visitSorted(cells, visit);
-      }
+      if (!haveCells()) return scan(row, bounds, visit);
+      const RowCells cells = cellsWithin(row, bounds);
+      if (cells.size == cellsOf(row).size) return visitWhole(row, visit);
+      if (cells.size > mostSorted) return scan(row, bounds, visit);
+      visitSorted(cells, visit);
     });
   }
 
@@ -99,6 +98,11 @@ class Rows {
   }
 
   template <typename Visit>
+  void visitWhole(std::int64_t row, const Visit& visit) const {
+    for (std::int32_t k = starts_[row]; k < starts_[row + 1]; ++k) visit(at(indices_, k));
+  }
+
+  template <typename Visit>
   static void visitSorted(const RowCells& cells, const Visit& visit) {
     std::array<std::int32_t, mostSorted> elements;
     std::int32_t* const end = std::transform(cells.first, cells.last(), elements.data(),
@@ -116,16 +120,8 @@ class Rows {
     }
   }
 
-  std::int32_t scanFor(const Position& position) const {
-    std::int32_t found = -1;
-    const auto& [x, y] = position;
-    forEachRow({x, x, y, y}, [&](std::int64_t row) {
-      scan(row, {x, x, y, y}, [&](std::int32_t element) {
-        if (found == -1) found = element;
-      });
-    });
-    return found;
-  }
+  // Kept out of line: code that is hardly ever run would slow find() down.
+  std::int32_t scanFor(const Position& position) const;
 
   const std::vector<sScreenElement>& elements_;
   const std::vector<std::int32_t>& indices_;
@@ -160,5 +156,12 @@ class LineOfLookUps {
 };
 
 }  // namespace tavrel::engine
+
+inline tavrel::engine::Rows CTavrel::rowsOf(std::int32_t fc) const {
+  if (!isFlowchart(fc)) tavrel::engine::throwOutOfRange();
+  const auto index = static_cast<std::size_t>(fc);
+  return {m_screenElements[index], m_rowElementIndices[index], m_rowStarts[index],
+          m_rowCells[index], m_minY[index]};
+}
 
 #endif  // TAVREL_ENGINE_ROWS_H

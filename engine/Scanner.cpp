@@ -1,6 +1,6 @@
 #include "engine/Scanner.h"
 
-#include <cstring>
+#include <algorithm>
 #include <limits>
 
 namespace tavrel::engine {
@@ -57,15 +57,6 @@ inline const char* readIntegerAndSpace(const char* next, std::int32_t& number) n
 
 }  // namespace
 
-bool Scanner::readLine(std::string_view& line) noexcept {
-  if (next_ == end_) return false;
-  const void* found = std::memchr(next_, '\n', remaining());
-  const char* lineEnd = found ? static_cast<const char*>(found) : end_;
-  line = {next_, static_cast<std::size_t>(lineEnd - next_)};
-  next_ = found ? lineEnd + 1 : end_;
-  return true;
-}
-
 bool Scanner::passText() noexcept {
   std::int32_t count = 0;
   if (!readNumber(count)) return false;
@@ -73,6 +64,18 @@ bool Scanner::passText() noexcept {
     if (!readLine(line)) return false;
   }
   return true;
+}
+
+TextSize Scanner::measureText() noexcept {
+  std::int32_t count = 0;
+  readNumber(count);
+  TextSize size = {};
+  for (std::string_view line; count > 0; --count) {
+    readLine(line);
+    ++size.lines;
+    size.widest = std::max(size.widest, line.size());
+  }
+  return size;
 }
 
 std::vector<std::string> Scanner::readText() {

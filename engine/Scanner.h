@@ -6,11 +6,18 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tavrel::engine {
+
+/// The size of a text.
+struct TextSize {
+  std::size_t lines;
+  std::size_t widest;  ///< length of the longest line, in bytes
+};
 
 /// Reads a file's bytes from first to last. Each read moves on past what it has
 /// read; after one that fails the position has no meaning and reading is over.
@@ -29,11 +36,21 @@ class Scanner {
   std::size_t remaining() const noexcept { return static_cast<std::size_t>(end_ - next_); }
 
   /// Reads a text line, up to its line feed or the end. Fails when no byte is left.
-  bool readLine(std::string_view& line) noexcept;
+  bool readLine(std::string_view& line) noexcept {
+    if (next_ == end_) return false;
+    const void* found = std::memchr(next_, '\n', remaining());
+    const char* lineEnd = found ? static_cast<const char*>(found) : end_;
+    line = {next_, static_cast<std::size_t>(lineEnd - next_)};
+    next_ = found ? lineEnd + 1 : end_;
+    return true;
+  }
 
   /// Passes over a text: a number line with the number of text lines, none if it is
   /// negative, and these.
   bool passText() noexcept;
+
+  /// Passes over a text and measures it. REQUIRES: passText would succeed.
+  TextSize measureText() noexcept;
 
   /// Reads a text as strings without their line feeds.
   /// REQUIRES: passText would succeed.
@@ -47,8 +64,13 @@ class Scanner {
     return readNumbers(numbers.data(), count);
   }
 
-  /// Reads a number line with one integer.
-  bool readNumber(std::int32_t& number) noexcept { return readNumbers(&number, 1); }
+  /// Reads a number line with one integer. Most have but a digit.
+  bool readNumber(std::int32_t& number) noexcept {
+    if (next_[0] < '0' || next_[0] > '9' || next_[1] != '\n') return readNumbers(&number, 1);
+    number = next_[0] - '0';
+    next_ += 2;
+    return true;
+  }
 
  private:
   bool readNumbers(std::int32_t* numbers, std::size_t count) noexcept;

@@ -16,7 +16,7 @@ struct CatalogueEntry {
 };
 
 // The order is the flowcharts' identity: an entry's place is its index everywhere.
-constexpr std::array<CatalogueEntry, 45> catalogue = {{
+constexpr std::array<CatalogueEntry, CTavrel::flowchartCount> catalogue = {{
     {"Opening", "Deciding on an Opening Bid"},
     {"AOpening", "Deciding on an Opening Bid (Acol)"},
     {"LOpening", "Deciding on an Opening Bid (La Majeure 5eme)"},
@@ -114,8 +114,4 @@ std::int32_t CTavrel::mWhichFlowchartIndex(const std::string& fileName) const {
   const auto first = m_flowchartFileNames.begin();
   const auto found = std::find(first, m_flowchartFileNames.end(), fileName);
   return found == m_flowchartFileNames.end() ? -1 : static_cast<std::int32_t>(found - first);
-}
-
-bool CTavrel::isFlowchart(std::int32_t index) const noexcept {
-  return index >= 0 && static_cast<std::size_t>(index) < m_screenElements.size();
 }

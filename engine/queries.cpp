@@ -48,7 +48,6 @@ std::vector<sScreenElement> CTavrel::mGetElementsInBoundaries(const std::int32_t
   const Bounds bounds = {minX, maxX, minY, maxY};
   std::vector<sScreenElement> within;
   within.reserve(rows.countWithin(bounds));
-  rows.forEachWithin(bounds,
-                     [&](std::int32_t element) { within.push_back(at(elements, element)); });
+  rows.forEachWithin(bounds, [&](std::int32_t index) { within.push_back(at(elements, index)); });
   return within;
 }

@@ -19,7 +19,7 @@ constexpr std::size_t mostElements = std::numeric_limits<std::int32_t>::max();
 
 // Where columns reach no further than this many times their number, counting them is
 // cheaper than comparing them.
-constexpr std::int64_t countedReach = 4;
+constexpr std::int64_t countedReach = 2;
 
 std::vector<std::int32_t> placesBySorting(const std::vector<Position>& positions) {
   std::vector<std::int32_t> places(positions.size());
@@ -98,6 +98,14 @@ RowIndex buildRowIndex(const std::vector<Position>& positions, std::int32_t minY
   return {std::move(indices), std::move(starts), std::move(cells)};
 }
 
+std::int32_t Rows::scanFor(const Position& position) const {
+  std::int32_t found = -1;
+  forEachWithin({position.x, position.x, position.y, position.y}, [&](std::int32_t element) {
+    if (found == -1) found = element;
+  });
+  return found;
+}
+
 }  // namespace tavrel::engine
 
 using namespace tavrel::engine;
@@ -119,11 +127,4 @@ void CTavrel::takeOver(std::int32_t fc, RowIndex&& index) noexcept {
 std::int32_t CTavrel::mFind(const std::int32_t& fc, const std::int32_t& x,
                             const std::int32_t& y) const {
   return rowsOf(fc).find({x, y});
-}
-
-Rows CTavrel::rowsOf(std::int32_t fc) const {
-  const std::vector<sScreenElement>& elements = at(m_screenElements, fc);
-  const auto index = static_cast<std::size_t>(fc);  // the other lists have as many entries
-  return {elements, m_rowElementIndices[index], m_rowStarts[index], m_rowCells[index],
-          m_minY[index]};
 }
