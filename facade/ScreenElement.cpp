@@ -5,6 +5,8 @@
 #include "engine/CTavrel.h"
 #include "facade/Utf8.h"
 
+using namespace tavrel::facade;
+
 namespace {
 
 // A direction code has no sign: a stored -1 becomes 4294967295.
@@ -34,9 +36,9 @@ ScreenElement::ScreenElement(sScreenElement&& record) noexcept
       outOfDirection_(unsignedCode(record.m_directionOutOf)),
       isOnPath_(record.m_isOnPath),
       isNode_(record.m_isNode),
-      nextFlowchartName_(std::move(record.m_newFlowchartName)),
-      boxText_(std::move(record.m_boxText)),
-      commentaryText_(std::move(record.m_commentText)) {}
+      nextFlowchartName_(endedAtNul(std::move(record.m_newFlowchartName))),
+      boxText_(endedAtNul(std::move(record.m_boxText))),
+      commentaryText_(endedAtNul(std::move(record.m_commentText))) {}
 
 std::int64_t ScreenElement::x() const noexcept { return x_; }
 std::int64_t ScreenElement::y() const noexcept { return y_; }
@@ -46,17 +48,28 @@ bool ScreenElement::isOnPath() const noexcept { return isOnPath_; }
 bool ScreenElement::isNode() const noexcept { return isNode_; }
 
 std::optional<std::string> ScreenElement::nameOfNextFlowchart() const {
-  std::optional<std::string> name = tavrel::facade::hostText(nextFlowchartName_);
-  if (name && name->empty()) name.reset();
-  return name;
+  if (nextFlowchartName_.empty() || !isUtf8(nextFlowchartName_)) return std::nullopt;
+  return nextFlowchartName_;
 }
 
-std::vector<std::string> ScreenElement::boxText() const {
-  return tavrel::facade::hostLines(boxText_);
+const std::vector<std::string>& ScreenElement::boxText() const& {
+  checkUtf8(boxText_);
+  return boxText_;
 }
 
-std::vector<std::string> ScreenElement::commentaryText() const {
-  return tavrel::facade::hostLines(commentaryText_);
+std::vector<std::string> ScreenElement::boxText() && {
+  checkUtf8(boxText_);
+  return std::move(boxText_);
+}
+
+const std::vector<std::string>& ScreenElement::commentaryText() const& {
+  checkUtf8(commentaryText_);
+  return commentaryText_;
+}
+
+std::vector<std::string> ScreenElement::commentaryText() && {
+  checkUtf8(commentaryText_);
+  return std::move(commentaryText_);
 }
 
 std::int64_t ScreenElement::yesDirection() const noexcept { return yesDirection_; }

@@ -32,7 +32,8 @@
 //     std::nullopt, and a list of lines is not built: std::invalid_argument
 //     names the line, counting from 0.
 //  7. Everything returned is a copy that the caller owns. It never changes, and
-//     it outlives the navigator. Costs are stated without that copy.
+//     it outlives the navigator. Costs are stated without that copy. Two
+//     functions of ScreenElement return references; they say so.
 //  8. A move that cannot be made changes nothing and reports nothing. After a
 //     link to a flowchart that doesn't exist was followed, no flowchart is
 //     current, and every move and query but those of the location throws
@@ -131,12 +132,17 @@ class TAVREL_EXPORT ScreenElement {
   std::optional<std::string> nameOfNextFlowchart() const;
 
   /// The lines written in the box, top to bottom. Empty for a connector cell.
-  /// Throws std::invalid_argument when a line is not valid UTF-8.
-  std::vector<std::string> boxText() const;
+  /// Throws std::invalid_argument when a line is not valid UTF-8. Costs one pass
+  /// over the lines to find out. The reference holds as long as the element does
+  /// and nothing is assigned to it; an element that is about to go gives its
+  /// lines away instead, so that `navigator.currentElement().boxText()` is safe.
+  const std::vector<std::string>& boxText() const&;
+  std::vector<std::string> boxText() &&;
 
-  /// The lines of the box's commentary. Empty for a connector cell.
-  /// Throws std::invalid_argument when a line is not valid UTF-8.
-  std::vector<std::string> commentaryText() const;
+  /// The lines of the box's commentary, in the same manner. Empty for a connector
+  /// cell.
+  const std::vector<std::string>& commentaryText() const&;
+  std::vector<std::string> commentaryText() &&;
 
   /// The directions in which the yes and the no exit leave the box;
   /// XYDirectionNone where there is no such exit, and for a connector cell.

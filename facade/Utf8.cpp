@@ -1,12 +1,23 @@
 #include "facade/Utf8.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <stdexcept>
 
 namespace tavrel::facade {
 namespace {
 
-bool isAscii(char byte) noexcept { return static_cast<unsigned char>(byte) < 0x80; }
+// How many bytes at the front of `text` are ASCII, as far as whole words of eight tell.
+std::size_t asciiWords(std::string_view text) noexcept {
+  constexpr std::uint64_t highBits = 0x8080808080808080;
+  std::size_t length = 0;
+  for (std::uint64_t word; text.size() - length >= sizeof word; length += sizeof word) {
+    std::memcpy(&word, text.data() + length, sizeof word);
+    if ((word & highBits) != 0) break;
+  }
+  return length;
+}
 
 bool isContinuation(char byte) noexcept {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -55,8 +66,9 @@ std::string_view upToNul(const std::string& text) noexcept {
 }  // namespace
 
 bool isUtf8(std::string_view text) noexcept {
+  text.remove_prefix(asciiWords(text));
   while (!text.empty()) {
-    const std::size_t length = isAscii(text[0]) ? 1 : validSequence(text);
+    const std::size_t length = validSequence(text);
     if (length == 0) return false;
     text.remove_prefix(length);
   }
@@ -69,14 +81,28 @@ std::optional<std::string> hostText(const std::string& text) {
   return std::string(shown);
 }
 
-std::vector<std::string> hostLines(std::vector<std::string> lines) {
+std::string endedAtNul(std::string&& text) noexcept {
+  text.erase(upToNul(text).size());
+  return std::move(text);
+}
+
+std::vector<std::string> endedAtNul(std::vector<std::string>&& lines) noexcept {
+  for (std::string& line : lines) line.erase(upToNul(line).size());
+  return std::move(lines);
+}
+
+void checkUtf8(const std::vector<std::string>& lines) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    lines[i].resize(upToNul(lines[i]).size());
     if (!isUtf8(lines[i])) {
       throw std::invalid_argument("line " + std::to_string(i) + " is not valid UTF-8");
     }
   }
-  return lines;
+}
+
+std::vector<std::string> hostLines(std::vector<std::string>&& lines) {
+  lines = endedAtNul(std::move(lines));
+  checkUtf8(lines);
+  return std::move(lines);
 }
 
 }  // namespace tavrel::facade

@@ -17,9 +17,18 @@ bool isUtf8(std::string_view text) noexcept;
 /// `text` up to its first NUL byte; std::nullopt if that is not valid UTF-8.
 std::optional<std::string> hostText(const std::string& text);
 
-/// The same for each line of a list, in place. Throws std::invalid_argument that
-/// names the first line, counting from 0, that is not valid UTF-8.
-std::vector<std::string> hostLines(std::vector<std::string> lines);
+/// `text` up to its first NUL byte.
+std::string endedAtNul(std::string&& text) noexcept;
+
+/// The lines, each up to its first NUL byte.
+std::vector<std::string> endedAtNul(std::vector<std::string>&& lines) noexcept;
+
+/// Throws std::invalid_argument that names the first line, counting from 0, that is
+/// not valid UTF-8.
+void checkUtf8(const std::vector<std::string>& lines);
+
+/// Lines up to their first NUL bytes, checked.
+std::vector<std::string> hostLines(std::vector<std::string>&& lines);
 
 }  // namespace tavrel::facade
 

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -15,14 +14,16 @@
 #include "Answer.h"
 #include "Player.h"
 #include "facade/Tavrel.h"
+#include "tests/support/Named.h"
 
 namespace tavrel {
 namespace {
 
 // --- From the interface's values to answers ---------------------------------
 
-ElementProperties::Lines linesOrNothing(std::vector<std::string> (ScreenElement::*lines)() const,
-                                        const ScreenElement& element) {
+using LinesOfElement = const std::vector<std::string>& (ScreenElement::*)() const&;
+
+ElementProperties::Lines linesOrNothing(LinesOfElement lines, const ScreenElement& element) {
   try {
     return (element.*lines)();
   } catch (const std::invalid_argument&) {
@@ -128,7 +129,7 @@ Outcome perform(const Call& call, Arguments arguments) {
 }
 
 template <typename Receiver>
-using Operations = std::map<std::string, std::function<Outcome(Receiver&, const Operation&)>>;
+using Operations = Named<std::function<Outcome(Receiver&, const Operation&)>>;
 
 template <typename Receiver, typename Result, typename... Parameters, typename Member>
 auto boundTo(Member member) {
@@ -146,6 +147,11 @@ auto bound(Result (Receiver::*member)(Parameters...)) {
 template <typename Receiver, typename Result, typename... Parameters>
 auto bound(Result (Receiver::*member)(Parameters...) const) {
   return boundTo<const Receiver, Result, Parameters...>(member);
+}
+
+template <typename Receiver, typename Result>
+auto bound(Result (Receiver::*member)() const&) {
+  return boundTo<const Receiver, Result>(member);
 }
 
 /// Whether the next argument is `name`. The other choice is a -.
@@ -234,9 +240,9 @@ Answer reversedDirection(const Operation& operation) {
 template <typename Receiver>
 Outcome askFor(const Operations<Receiver>& operations, Receiver& receiver,
                const Operation& operation) {
-  const auto found = operations.find(operation.name);
-  if (found == operations.end()) throw NotationError("unknown operation " + operation.name);
-  return found->second(receiver, operation);
+  const auto* const found = operations.find(operation.name);
+  if (found == nullptr) throw NotationError("unknown operation " + operation.name);
+  return (*found)(receiver, operation);
 }
 
 class TavrelPlayer : public Player {
@@ -249,24 +255,24 @@ class TavrelPlayer : public Player {
   Answer ask(Tavrel& navigator, const Operation& operation);
   Tavrel& navigatorOf(const Operation& operation);
 
-  std::map<std::string, Tavrel> navigators_;  // the first one under the empty name
-  std::map<std::string, ScreenElement> elements_;
+  Named<Tavrel> navigators_;  // the first one under the empty name
+  Named<ScreenElement> elements_;
 };
 
 Answer TavrelPlayer::play(const Operation& operation) {
   if (operation.name == "Tavrel") return create(operation);
   if (operation.name == "destroy") return destroy(operation);
   if (operation.name == "reversed") return reversedDirection(operation);
-  const auto element = elements_.find(operation.receiver);
-  if (element == elements_.end()) return ask(navigatorOf(operation), operation);
-  return askFor(elementOperations(), std::as_const(element->second), operation).answer;
+  const ScreenElement* const element = elements_.find(operation.receiver);
+  if (element == nullptr) return ask(navigatorOf(operation), operation);
+  return askFor(elementOperations(), *element, operation).answer;
 }
 
 Answer TavrelPlayer::create(const Operation& operation) {
   Arguments arguments(operation);
   const std::string directory = arguments.text();
   arguments.finish();
-  navigators_.insert_or_assign(operation.result, Tavrel(directory));
+  navigators_.set(operation.result, Tavrel(directory));
   return {};
 }
 
@@ -280,14 +286,14 @@ Answer TavrelPlayer::ask(Tavrel& navigator, const Operation& operation) {
   Outcome outcome = askFor(navigatorOperations(), navigator, operation);
   if (operation.result.empty()) return outcome.answer;
   if (!outcome.element) throw NotationError("only an element can be kept");
-  elements_.insert_or_assign(operation.result, *std::move(outcome.element));
+  elements_.set(operation.result, *std::move(outcome.element));
   return outcome.answer;
 }
 
 Tavrel& TavrelPlayer::navigatorOf(const Operation& operation) {
-  const auto found = navigators_.find(operation.receiver);
-  if (found == navigators_.end()) throw NotationError("no navigator " + operation.receiver);
-  return found->second;
+  Tavrel* const found = navigators_.find(operation.receiver);
+  if (found == nullptr) throw NotationError("no navigator " + operation.receiver);
+  return *found;
 }
 
 }  // namespace

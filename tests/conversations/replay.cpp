@@ -1,11 +1,12 @@
 #include "replay.h"
 
 #include <algorithm>
-#include <map>
 #include <stdexcept>
 #include <string>
 
 #include "tests/support/ChartDirectory.h"
+#include "tests/support/ExceptionText.h"
+#include "tests/support/Named.h"
 
 namespace tavrel {
 namespace {
@@ -32,13 +33,13 @@ class Replay {
   Replay(Player& player, const std::filesystem::path& charts) : player_(player), charts_(charts) {}
 
   Answer play(const Operation& operation) {
-    const auto files = kFileOperations.find(operation.name);
-    if (files != kFileOperations.end()) return perform(files->second, operation);
+    const FileOperation* const change = kFileOperations.find(operation.name);
+    if (change != nullptr) return perform(*change, operation);
     if (!operation.chart.empty()) throw NotationError("only a chart has lines with |");
     try {
       return player_.play(withDirectories(operation));
     } catch (const std::out_of_range& error) {
-      return outOfRange(error.what());
+      return outOfRange(textOf(error));
     } catch (const std::length_error&) {
       return {"throws length_error"};
     } catch (const std::invalid_argument&) {
@@ -49,7 +50,7 @@ class Replay {
  private:
   using FileOperation = void (*)(const ChartDirectory&, const std::string& name,
                                  const std::string& bytes);
-  static const std::map<std::string, FileOperation> kFileOperations;
+  static const Named<FileOperation> kFileOperations;
 
   Answer perform(FileOperation change, const Operation& operation) const {
     Arguments arguments(operation);
@@ -73,7 +74,7 @@ class Replay {
   ChartDirectory here_;
 };
 
-const std::map<std::string, Replay::FileOperation> Replay::kFileOperations = {
+const Named<Replay::FileOperation> Replay::kFileOperations = {
     {"chart", [](const ChartDirectory& here, const std::string& name,
                  const std::string& bytes) { here.write(name, bytes); }},
     {"removeChart", [](const ChartDirectory& here, const std::string& name,

@@ -1,7 +1,6 @@
 #include "tests/support/Conversation.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 namespace tavrel {
@@ -15,8 +14,9 @@ bool startsWith(const std::string& line, const std::string& start) {
 
 /// Whether the line's last byte is a backslash that isn't itself escaped.
 bool endsInBackslash(const std::string& line) {
-  const std::size_t last = line.find_last_not_of('\\');
-  return (line.size() - (last + 1)) % 2 == 1;
+  const auto isBackslash = [](char byte) { return byte == '\\'; };
+  const auto end = std::find_if_not(line.rbegin(), line.rend(), isBackslash);
+  return (end - line.rbegin()) % 2 == 1;
 }
 
 /// The bytes that a line `| TEXT` of a chart stands for.
@@ -25,6 +25,17 @@ std::string chartBytes(const std::string& line) {
   const bool isOpen = endsInBackslash(text);
   if (isOpen) text.pop_back();
   return unescape(text) + (isOpen ? "" : "\n");
+}
+
+/// The lines without their line feeds; the last one may lack its own.
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    lines.push_back(text.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return lines;
 }
 
 std::size_t firstDifference(const Answer& one, const Answer& other) {
@@ -45,11 +56,10 @@ ConversationError::ConversationError(const std::string& file, std::size_t line,
     : std::runtime_error(file + ":" + std::to_string(line) + ": " + message) {}
 
 Conversation::Conversation(std::string name, const std::string& text) : name_(std::move(name)) {
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) {
-    lines_.push_back(line);
+  for (std::string& line : linesOf(text)) {
+    lines_.push_back(std::move(line));
     try {
-      parseLine(line);
+      parseLine(lines_.back());
     } catch (const NotationError& error) {
       throw ConversationError(name_, lines_.size(), error.what());
     }
@@ -84,15 +94,15 @@ void Conversation::parseOperationLine(const std::string& line) {
 }
 
 std::string Conversation::differences(const std::vector<Answer>& answers) const {
-  std::ostringstream report;
+  std::string report;
   for (std::size_t i = 0; i < steps_.size(); ++i) {
     const Step& step = steps_[i];
     if (step.expected == answers[i]) continue;
     const std::size_t line = step.answerLine + firstDifference(step.expected, answers[i]);
-    report << name_ << ":" << line << ": " << lines_[step.line - 1] << "\n"
-           << indented("expected", step.expected) << indented("got", answers[i]);
+    report += name_ + ":" + std::to_string(line) + ": " + lines_[step.line - 1] + "\n" +
+              indented("expected", step.expected) + indented("got", answers[i]);
   }
-  return report.str();
+  return report;
 }
 
 std::string Conversation::withAnswers(const std::vector<Answer>& answers) const {

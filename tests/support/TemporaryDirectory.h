@@ -5,6 +5,7 @@
 
 #include <stdlib.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -15,7 +16,8 @@ namespace tavrel {
 class TemporaryDirectory {
  public:
   TemporaryDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "tavrel-XXXXXX").string();
+    const char* const parent = std::getenv("TMPDIR");
+    std::string name = std::string(parent != nullptr ? parent : "/tmp") + "/tavrel-XXXXXX";
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("cannot create " + name);
     path_ = name;
   }
@@ -33,7 +35,7 @@ class TemporaryDirectory {
   std::string prefix() const { return path_.string() + "/"; }
 
   /// The file of the flowchart with this file name.
-  std::filesystem::path chart(const std::string& name) const { return path_ / (name + ".fv"); }
+  std::filesystem::path chart(const std::string& name) const { return prefix() + name + ".fv"; }
 
  private:
   std::filesystem::path path_;
