@@ -1,0 +1,26 @@
+#include "tests/limits/Counted.h"
+
+#include <malloc.h>
+#include <valgrind/callgrind.h>
+
+#include <stdexcept>
+
+namespace tavrel {
+
+// What was freed before is put in order now: the C library would do so at some later
+// allocation, amid what is counted.
+void startCounting() {
+  malloc_trim(0);
+  CALLGRIND_START_INSTRUMENTATION;
+}
+
+void stopCounting(const std::string& name) {
+  CALLGRIND_STOP_INSTRUMENTATION;
+  CALLGRIND_DUMP_STATS_AT(name.c_str());
+}
+
+void require(bool isAsExpected, const std::string& what) {
+  if (!isAsExpected) throw std::logic_error("not as expected: " + what);
+}
+
+}  // namespace tavrel
