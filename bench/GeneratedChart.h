@@ -4,34 +4,29 @@
 #define TAVREL_BENCH_GENERATEDCHART_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
-namespace tavrel {
+namespace tavrel::bench {
 
-/// The file of a flowchart of `boxes` boxes in `columns` columns, each joined to the
-/// next one by `connectors` connector cells; every answer is yes. The line runs
-/// right along a row, down at its end, and back left along the next. Each box has two
-/// lines of text, three of commentary and a node of its own. The same arguments give
-/// the same bytes.
-///
-/// REQUIRES: connectors >= 1, columns >= 2.
-std::string generatedChart(std::size_t boxes, std::size_t columns, std::size_t connectors);
-
-/// A directory of its own with the chart as the file of "Opening", removed at the end.
-class ChartDirectory {
- public:
-  explicit ChartDirectory(const std::string& chart);
-  ~ChartDirectory();
-  ChartDirectory(const ChartDirectory&) = delete;
-  ChartDirectory& operator=(const ChartDirectory&) = delete;
-
-  /// The path, with a separator at its end.
-  const std::string& path() const noexcept { return path_; }
-
- private:
-  std::string path_;
+/// How large a generated chart is. REQUIRES: 3 <= columns, 2 * columns <= boxes, and
+/// between 3 and 7 connector cells a box.
+struct ChartSize {
+  std::size_t boxes;       ///< in all
+  std::size_t connectors;  ///< in all
+  std::size_t columns;     ///< questions in a row of the main line
 };
 
-}  // namespace tavrel
+constexpr ChartSize smallSize = {60, 300, 8};
+constexpr ChartSize bigSize = {10'000, 40'000, 100};
+
+/// The bytes of a chart file. Two boxes of three are questions on the main line, which
+/// yes follows: right along a row, down at its end, back left along the next. The others
+/// are calls, each below a question whose no exit leads there. Lines between boxes,
+/// texts, commentaries and links differ in length at random; some calls share a node.
+/// The same arguments give the same bytes.
+std::string generatedChart(const ChartSize& size, std::uint64_t seed);
+
+}  // namespace tavrel::bench
 
 #endif  // TAVREL_BENCH_GENERATEDCHART_H
