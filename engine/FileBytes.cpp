@@ -1,5 +1,6 @@
 #include "engine/FileBytes.h"
 
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -41,11 +42,20 @@ FileBytes::FileBytes(std::size_t expectedSize)
 void FileBytes::readFrom(std::FILE* file) {
   // Without a buffer between, bytes go straight to their place.
   static_cast<void>(std::setvbuf(file, nullptr, _IONBF, 0));
-  // A read that leaves room has met the end, or an error.
-  while ((size_ += std::fread(bytes_.get() + size_, 1, capacity_ - size_, file)) == capacity_) {
-    grow();
-  }
+  while (readMore(file)) continue;
   bytes_[size_] = '\0';
+}
+
+// False at the end, or at an error; the interruption by a signal is none.
+bool FileBytes::readMore(std::FILE* file) {
+  size_ += std::fread(bytes_.get() + size_, 1, capacity_ - size_, file);
+  if (size_ == capacity_) {
+    grow();
+    return true;
+  }
+  if (std::ferror(file) == 0 || errno != EINTR) return false;
+  std::clearerr(file);
+  return true;
 }
 
 void FileBytes::grow() {

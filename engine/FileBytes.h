@@ -27,6 +27,7 @@ class FileBytes {
  private:
   explicit FileBytes(std::size_t expectedSize);
   void readFrom(std::FILE* file);
+  bool readMore(std::FILE* file);
   void grow();
 
   std::unique_ptr<char[]> bytes_;
