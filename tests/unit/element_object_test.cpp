@@ -126,6 +126,8 @@ const Utf8 utf8[] = {
     {"three bytes, after the surrogates", "\xee\x80\x80", true},
     {"three bytes, highest", "\xef\xbf\xbf", true},
     {"four bytes, lowest", "\xf0\x90\x80\x80", true},
+    {"four bytes, lowest of lead F1", "\xf1\x80\x80\x80", true},
+    {"four bytes, highest of lead F3", "\xf3\xbf\xbf\xbf", true},
     {"U+10FFFF", "\xf4\x8f\xbf\xbf", true},
     {"suits", "\xe2\x99\xa3\xe2\x99\xa6\xe2\x99\xa5\xe2\x99\xa0", true},
     {"byte order mark", "\xef\xbb\xbfx", true},

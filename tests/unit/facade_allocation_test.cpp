@@ -1,11 +1,8 @@
-// What the client interface allocates beyond the engine's records, what is left when an
-// allocation fails, and that a long use takes no more memory than a short one.
+// What the client interface allocates beyond the engine's records, and that a long use takes
+// no more memory than a short one.
 
-#include <algorithm>
-#include <memory>
-
+#include "tests/support/Allocations.h"
 #include "tests/unit/FacadeTest.h"
-#include "tests/unit/FailEach.h"
 #include "tests/unit/Random.h"
 
 namespace tavrel {
@@ -22,29 +19,6 @@ class FacadeAllocations : public FacadeTest {
   }
   static constexpr std::size_t box = 2;
   static constexpr std::size_t lists = 2;  // the engine's records, and the elements made of them
-
-  static std::string stateOf(const Tavrel& navigator) {
-    const ScreenBounds bounds = navigator.currentFlowchartBounds();
-    std::string state = place(navigator) + " x=" + std::to_string(bounds.minX) + ".." +
-                        std::to_string(bounds.maxX) + " y=" + std::to_string(bounds.minY) + ".." +
-                        std::to_string(bounds.maxY) + "\n";
-    for (const ScreenElement& element : navigator.allElements())
-      state += properties(element) + "\n";
-    return state;
-  }
-
-  /// The call on navigators prepared alike, each failure changing nothing; see FailEach.h.
-  template <typename Prepare, typename Call>
-  void failEach(const Prepare& prepare, const Call& call) {
-    const auto make = [&] {
-      auto made = std::make_unique<Tavrel>(directory.path());
-      prepare(*made);
-      return made;
-    };
-    tavrel::failEach(make, stateOf, call, [](const Tavrel& on, const std::string& before) {
-      return stateOf(on) == before;
-    });
-  }
 };
 
 // --- How many -------------------------------------------------------------------
@@ -115,64 +89,6 @@ TEST_F(FacadeAllocations, ANavigatorTakesAFewForEachFlowchartWhateverItsDirector
   EXPECT_EQ(full.count, empty.count);
   EXPECT_EQ(full.bytes, empty.bytes);
   EXPECT_LT(full.count, 45u * 12u);
-}
-
-// --- Where one fails ------------------------------------------------------------
-
-TEST_F(FacadeAllocations, ThatFailInTheStepBackChangeNothing) {
-  write(touchingBoxes());
-  failEach(
-      [](Tavrel& on) {
-        on.resetToStartLocationForFlowchartAtIndex(0);
-        on.moveYes();
-      },
-      [](Tavrel& on) { on.moveBack(); });
-}
-
-TEST_F(FacadeAllocations, ThatFailInAStepBackThatThrowsLeaveItToThrow) {
-  write(ChartFile().box(0, 0, longLine, yMinus, xPlus).box(1, 0, longLine));
-  failEach(
-      [](Tavrel& on) {
-        on.resetToStartLocationForFlowchartAtIndex(0);
-        on.moveNo();
-      },
-      [](Tavrel& on) { on.moveBack(); });
-}
-
-TEST_F(FacadeAllocations, ThatFailInAnIntroductionThatIsReadChangeNothing) {
-  write(touchingBoxes().intro({longLine, longLine}));
-  failEach([](Tavrel& on) { on.resetToStartLocationForFlowchartAtIndex(0); },
-           [](Tavrel& on) {
-             EXPECT_EQ(on.introForFlowchartAtIndex(0), (Lines{longLine, longLine}));
-           });
-}
-
-TEST_F(FacadeAllocations, ThatFailInReadingAnIntroductionLeaveItToBeRead) {
-  write(ChartFile().box(0, 0, "Root"));
-  write(touchingBoxes().intro({longLine, longLine}), "PGF");
-  failEach([](Tavrel& on) { on.resetToStartLocationForFlowchartAtIndex(0); },
-           [](Tavrel& on) {
-             EXPECT_EQ(on.introForFlowchartAtIndex(44), (Lines{longLine, longLine}));
-           });
-}
-
-TEST_F(FacadeAllocations, ThatFailInQueriesChangeNothing) {
-  write(touchingBoxes());
-  failEach([](Tavrel& on) { on.startNewPathForFlowchartAtIndexYesNoString(0, "y"); },
-           [](Tavrel& on) {
-             on.elementsInBounds({0, 2, 0, 0});
-             on.allElements();
-             on.elementAtXY(1, 0);
-             on.currentElement().boxText();
-             on.currentElement().debugDescription();
-             on.currentCommentaryText();
-             on.flowchartTitles();
-             on.getCurrentLocationWithXY(nullptr, nullptr);
-           });
-}
-
-TEST_F(FacadeAllocations, ThatFailInConstructionPassAndLeaveNothingBehind) {
-  EXPECT_GE(failEachOfConstruction([this] { const Tavrel fresh(directory.path()); }), 45);
 }
 
 // --- A long use -----------------------------------------------------------------

@@ -214,6 +214,47 @@ TEST_F(Malformed, WhitespaceIsBytes9To13And32) {
   EXPECT_EQ(elements().at(0).m_yesDir, xPlus);
 }
 
+// Other bytes, those next to whitespace and digits first of all.
+const std::string strangers[] = {
+    std::string("\0", 1), "\x08", "\x0e", "\x1f", "!", "/", ":", "\x85", "\xa0"};
+
+TEST_F(Malformed, NoOtherByteIsWhitespaceOrADigitBeforeAnInteger) {
+  for (const std::string& stranger : strangers) {
+    SCOPED_TRACE(testing::PrintToString(stranger));
+    CTavrel fresh(directory.prefix());
+    write(upToBoxes + stranger + "1\n0 0 0 0 0 1 -1\n0\n");
+    fresh.mSetStartLocation(0);
+    EXPECT_EQ(describe(EngineAccess::screenElements(fresh)[0].at(0)), placeholder);
+    write(upToBoxes + "1\n" + stranger + " 0 0 0 0 1 -1\n0\n");
+    fresh.mSetStartLocation(0);
+    EXPECT_EQ(describe(EngineAccess::screenElements(fresh)[0].at(0)), placeholder);
+  }
+}
+
+TEST_F(Malformed, NoOtherByteStandsBetweenTwoIntegers) {
+  for (const std::string& stranger : strangers) {
+    SCOPED_TRACE(testing::PrintToString(stranger));
+    CTavrel fresh(directory.prefix());
+    for (const std::string& cell :
+         {"0" + stranger + "0 0 0 0 1 -1", "0 0 0 0 0 1" + stranger + "-1"}) {
+      write(upToBoxes + "1\n" + cell + "\n0\n");
+      fresh.mSetStartLocation(0);
+      EXPECT_EQ(describe(EngineAccess::screenElements(fresh)[0].at(0)), placeholder);
+    }
+  }
+}
+
+TEST_F(Malformed, NoOtherByteContinuesAnInteger) {
+  for (const std::string& stranger : strangers) {
+    SCOPED_TRACE(testing::PrintToString(stranger));
+    CTavrel fresh(directory.prefix());
+    write(upToBoxes + "1" + stranger + "\n0 0 0 0 0 1 2" + stranger + "\n0\n");
+    fresh.mSetStartLocation(0);
+    EXPECT_EQ(describe(EngineAccess::screenElements(fresh)[0].at(0)),
+              "box 0,0 @0,0  () > y1 n2 i4 o4");
+  }
+}
+
 TEST_F(Malformed, AnIntegerEndsAtItsLastDigit) {
   select("h\nh\n1x\nHello\n1.5\n0,\n0-\n\n1e3\n0 0 0 0 0 1 -1then\n1:\n0 0 0 1 1 1 0x10\n");
   EXPECT_EQ(chart(), read("[Hello]", "0..1", "0,0 1,0 ", "0,1", 2));

@@ -1,0 +1,68 @@
+// What an engine or a navigator must agree with: the plain reference, to which nothing
+// happened, with the engine's operations and what the client interface has beyond them.
+
+#ifndef TAVREL_TESTS_FAILURES_MODEL_H
+#define TAVREL_TESTS_FAILURES_MODEL_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/CTavrel.h"
+#include "tests/reference/PlainEngine.h"
+
+namespace tavrel {
+
+class Model {
+ public:
+  /// REQUIRES: `files` outlives this object.
+  Model(const std::string& prefix, reference::ChartFiles& files);
+
+  std::vector<std::string> mGetVectorOfFlowchartTitles() const;
+  std::int32_t mWhichFlowchartIndex(const std::string& fileName) const;
+  void mReadFVFileIfNotAlready(std::int32_t fc) { engine_.readChart(fc); }
+  std::vector<std::string> mGetFlowchartIntro(std::int32_t fc) { return engine_.introOf(fc); }
+  void mSetStartLocation(std::int32_t fc) { engine_.setStartLocation(fc); }
+  void mStartNewPath(std::int32_t fc, const std::string& answers);
+  void mPreparePath() { engine_.preparePath(); }
+  void mBuildFCFindHelper(std::int32_t fc) { engine_.buildIndex(fc); }
+  std::int32_t mFind(std::int32_t fc, std::int32_t x, std::int32_t y) const;
+  void mMoveXPlus() { engine_.moveOnGrid(eXPlus); }
+  void mMoveXMinus() { engine_.moveOnGrid(eXMinus); }
+  void mMoveYPlus() { engine_.moveOnGrid(eYPlus); }
+  void mMoveYMinus() { engine_.moveOnGrid(eYMinus); }
+  void mMoveYes() { engine_.moveYes(); }
+  void mMoveNo() { engine_.moveNo(); }
+  void mMoveOnPath() { engine_.moveOnPath(); }
+  void mMoveRoot() { engine_.moveRoot(); }
+  sFlowchartNameAndCoordinates mCurrentLocation() const;
+  std::int32_t mGetCurrentFlowchartMinX() const { return engine_.currentChart().minX; }
+  std::int32_t mGetCurrentFlowchartMaxX() const { return engine_.currentChart().maxX; }
+  std::int32_t mGetCurrentFlowchartMinY() const { return engine_.currentChart().minY; }
+  std::int32_t mGetCurrentFlowchartMaxY() const { return engine_.currentChart().maxY; }
+  std::vector<std::string> mCurrentCommentText() const { return engine_.currentCommentText(); }
+  std::vector<sScreenElement> mGetAllElements() const;
+  sScreenElement mGetXYElement(std::int32_t x, std::int32_t y) const;
+  std::vector<sScreenElement> mGetElementsInBoundaries(std::int32_t minX, std::int32_t maxX,
+                                                       std::int32_t minY, std::int32_t maxY) const;
+
+  sScreenElement currentElement() const;
+  void moveWithDirection(std::int32_t direction);
+  void moveBack();
+
+  /// The flowchart that is current, or -1.
+  std::int32_t current() const { return engine_.current; }
+  /// Makes the flowchart current and does nothing else.
+  void makeCurrent(std::int32_t index) { engine_.current = index; }
+  bool isRead(std::int32_t index) const;
+
+  const reference::PlainEngine& plain() const { return engine_; }
+
+ private:
+  reference::Behaviours behaviours_;
+  reference::PlainEngine engine_;
+};
+
+}  // namespace tavrel
+
+#endif  // TAVREL_TESTS_FAILURES_MODEL_H

@@ -1,0 +1,32 @@
+// A share of the failures that failing_allocations and failing_mallocs try all of.
+
+#include <gtest/gtest.h>
+
+#include "tests/failures/FailedCalls.h"
+#include "tests/reference/ChartFiles.h"
+
+namespace tavrel {
+namespace {
+
+class FailingMemory : public testing::Test {
+ protected:
+  FailingMemory() { reference::keepTemporaryFilesInMemory(); }
+
+  static void expectFine(const Tally& tally, long atLeast) {
+    EXPECT_GE(tally.tried, atLeast);
+    for (const std::string& finding : tally.findings) ADD_FAILURE() << finding;
+  }
+};
+
+TEST_F(FailingMemory, InCallsOfTheEngineLeavesAllOrNothing) {
+  expectFine(failEngineCalls({8, 17}), 2000);
+}
+
+TEST_F(FailingMemory, InCallsOfTheClientInterfaceLeavesAllOrNothing) {
+  expectFine(failFacadeCalls({14, 17}), 1500);
+}
+
+TEST_F(FailingMemory, InConstructionLeavesNothing) { expectFine(failConstruction(), 4 * 45); }
+
+}  // namespace
+}  // namespace tavrel

@@ -1,0 +1,3 @@
+#include "tests/failures/FailingMemory.h"
+
+bool tavrel::filesNeedMemory() { return false; }
