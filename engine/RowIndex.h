@@ -65,13 +65,20 @@ inline const RowCell* firstFrom(const RowCells& row, std::int64_t x) noexcept {
   return searchedFrom(row, x);
 }
 
+/// The first cell of a row in column `x`, the one with the lowest element index, or
+/// nullptr. Costs what firstFrom does.
+inline const RowCell* cellInRow(const RowCells& row, std::int32_t x) noexcept {
+  if (row.size == 0) return nullptr;
+  const std::int64_t distance = std::int64_t{x} - row.first->x;
+  if (startsColumn(row, distance, x)) return row.first + distance;
+  const RowCell* found = searchedFrom(row, x);
+  return found != row.last() && found->x == x ? found : nullptr;
+}
+
 /// The lowest element index in column `x` of a row, or -1. Costs what firstFrom does.
 inline std::int32_t findInRow(const RowCells& row, std::int32_t x) noexcept {
-  if (row.size == 0) return -1;
-  const std::int64_t distance = std::int64_t{x} - row.first->x;
-  if (startsColumn(row, distance, x)) return row.first[distance].element;
-  const RowCell* found = searchedFrom(row, x);
-  return found != row.last() && found->x == x ? found->element : -1;
+  const RowCell* found = cellInRow(row, x);
+  return found != nullptr ? found->element : -1;
 }
 
 /// Whether a row index can be made: at most 16,777,216 rows from minY to maxY, whose

@@ -131,8 +131,8 @@ class Rows {
   std::int32_t minY_;
 };
 
-/// Looks up one position after another; cheapest where each lies in the row of the
-/// one before.
+/// Looks up one position after another; cheapest where each stands beside the one
+/// before, in the same row.
 class LineOfLookUps {
  public:
   /// The line begins in row `y`.
@@ -142,17 +142,31 @@ class LineOfLookUps {
   /// The lowest element index at a position, or -1.
   std::int32_t find(const Position& position) {
     if (!rows_.haveCells()) return rows_.find(position);
-    if (position.y != y_) {
-      y_ = position.y;
-      row_ = rows_.cellsAt(y_);
-    }
-    return findInRow(row_, position.x);
+    if (position.y != y_) enterRow(position.y);
+    here_ = cellAt(position.x);
+    return here_ != nullptr ? here_->element : -1;
   }
 
  private:
+  void enterRow(std::int32_t y) noexcept {
+    y_ = y;
+    row_ = rows_.cellsAt(y);
+    here_ = nullptr;
+  }
+
+  const RowCell* cellAt(std::int32_t x) const noexcept {
+    if (here_ == nullptr || here_->x == x) return cellInRow(row_, x);
+    const RowCell* const next = here_ + 1;
+    if (next != row_.last() && next->x == x) return next;
+    const RowCell* const before = here_ - (here_ != row_.first ? 1 : 0);
+    if (before->x == x && (before == row_.first || before[-1].x != x)) return before;
+    return cellInRow(row_, x);
+  }
+
   Rows rows_;
   std::int32_t y_;
   RowCells row_;
+  const RowCell* here_ = nullptr;  // where the last look-up ended, if it was in this row
 };
 
 }  // namespace tavrel::engine
