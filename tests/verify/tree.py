@@ -1,0 +1,22 @@
+"""What git knows of the checkout."""
+
+import subprocess
+
+# What may change without anything having to be tried anew: texts for people, and the
+# records that a full run makes of itself.
+NOT_CODE = (":!*.md", ":!docs", ":!LICENSE", ":!tests/mutation/state", ":!tests/fuzz/recorded.tsv")
+
+
+def git(*words: str) -> str:
+    done = subprocess.run(["git", *words], text=True, capture_output=True, check=False)
+    return done.stdout.rstrip("\n") if done.returncode == 0 else ""
+
+
+class Tree:
+    """A checkout at one moment. Outside a repository the commits are "unknown"."""
+
+    def __init__(self) -> None:
+        self.commit = git("log", "-1", "--format=%h") or "unknown"
+        self.code_commit = git("log", "-1", "--format=%h", "--", ".", *NOT_CODE) or "unknown"
+        self.changed_code = git("status", "--porcelain", "--", ".", *NOT_CODE).splitlines()
+        self.changed_code = [line[3:] for line in self.changed_code]
