@@ -454,6 +454,15 @@ TEST_F(Malformed, OffsetsMayReachTheEndsOf32BitsAndNotPassThem) {
   }
 }
 
+TEST_F(Malformed, OffsetsOfRowsMayNotPass32BitsEither) {
+  ChartFile tall;
+  tall.node(Lines(40000, ""));
+  for (int y = 0; y < 30000; ++y) tall.cell(0, 0, y);
+  write(tall);
+  expectSelecting("length_error");
+  EXPECT_EQ(chart(), unreadChart);
+}
+
 TEST_F(Malformed, OffsetsOfColumnsThatOnlyAnEarlierReadWidenedToDoNotCount) {
   write(upToBoxes + "1\n1 2147483647 0 0 0 -1 -1\n0\n");
   expectSelecting("out_of_range");

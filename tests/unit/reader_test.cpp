@@ -266,6 +266,13 @@ TEST_F(Reader, OriginsColumnHasNoWidthWhereNoCellStandsInIt) {
   EXPECT_EQ(elements().at(1).m_xOffset, -17);
 }
 
+TEST_F(Reader, ColumnsFarApartAreLaidOutFromTheOriginWhereNoCellStandsInIt) {
+  select(ChartFile().box(1, 0, "four").box(1000, 0, "ab").box(-1000, 0, "ab"));
+  EXPECT_EQ(elements().at(0).m_xOffset, 4 + 15);
+  EXPECT_EQ(elements().at(1).m_xOffset, (4 + 15) + (4 + 2) + 999 * 15);
+  EXPECT_EQ(elements().at(2).m_xOffset, -(2 + 1000 * 15));
+}
+
 TEST_F(Reader, AFlowchartOfMoreThanOneElementIsNeverReadAgain) {
   select(ChartFile().box(0, 0, "Root").box(1, 0, "End"));
   const std::string before = chart();
