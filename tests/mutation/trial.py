@@ -57,6 +57,7 @@ class Bench:
 
     def __init__(self, suite: Suite, folder: Path, killers: Killers) -> None:
         self.suite, self.folder, self.killers = suite, folder, killers
+        self.originals: dict[Path, bytes] = {}  # optimised object code
         shutil.rmtree(folder, ignore_errors=True)
         folder.mkdir(parents=True)
 
@@ -109,8 +110,14 @@ class Bench:
         return Verdict("identical" if self.is_identical(mutant) else "survived")
 
     def notice(self, mutant: Mutant) -> str:
-        """The test that notices the mutant, or nothing."""
+        """The test that notices the mutant, or nothing. Programs as they are go first."""
+        path = self.suite.root / mutant.file
         programs = self.killers.order(mutant.file, self.suite.programs)
+        anew = [each for each in programs if any(path in unit.needs for unit in each.units)]
+        as_they_are = [each for each in programs if each not in anew]
+        return self.notice_by(mutant, as_they_are) or self.notice_by(mutant, anew)
+
+    def notice_by(self, mutant: Mutant, programs: list[Program]) -> str:
         built: dict[str, Path] = {}
         for choose in (self.favourites, self.quick, self.slow):
             for program in programs:
@@ -162,19 +169,19 @@ class Bench:
     def is_identical(self, mutant: Mutant) -> bool:
         """Whether the optimiser makes the same of the mutant as of the original."""
         path = self.suite.root / mutant.file
-        more = self.overlay(mutant)
-        for unit in self.suite.library:
-            if path in unit.needs:
-                plain, changed = self.folder / "plain.o", self.folder / "changed.o"
-                optimised(unit).compile(plain, "-w")
-                optimised(unit).compile(changed, "-w", *more)
-                if plain.read_bytes() != changed.read_bytes():
-                    return False
-        return True
+        units = [unit for unit in self.suite.library if path in unit.needs]
+        return all(self.optimised(unit, self.overlay(mutant)) == self.original(unit)
+                   for unit in units)
 
+    def original(self, unit: Unit) -> bytes:
+        if unit.source not in self.originals:
+            self.originals[unit.source] = self.optimised(unit, [])
+        return self.originals[unit.source]
 
-def optimised(unit: Unit) -> Unit:
-    at = unit.command.index("-include-pch")
-    words = [word for word in unit.command[:at] + unit.command[at + 2:]
-             if word not in FLAGS.split()]
-    return Unit(unit.source, [*words, "-O2"], unit.compiled)
+    def optimised(self, unit: Unit, more: list[str]) -> bytes:
+        at = unit.command.index("-include-pch")
+        words = [word for word in unit.command[:at] + unit.command[at + 2:]
+                 if word not in FLAGS.split()]
+        target = self.folder / "optimised.o"
+        Unit(unit.source, [*words, "-O2"], unit.compiled).compile(target, "-w", *more)
+        return target.read_bytes()
