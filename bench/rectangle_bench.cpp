@@ -172,8 +172,8 @@ void contestOfIndices(const Searches& searches, const View& view, const std::str
   };
   compete({"rectangle, search alone", input, bounds.size()},
           {contestant("Tavrel", Rival::itself, noBar, by(searches.rows)),
-           contestant("boost R-tree, in its own order", Rival::peer, notSlower, unordered),
-           contestant("boost R-tree, sorted", Rival::peer, noBar, by(searches.tree)),
+           contestant("boost R-tree, in its own order", Rival::peer, noBar, unordered),
+           contestant("boost R-tree, sorted", Rival::peer, notSlower, by(searches.tree)),
            contestant("linear scan", Rival::peer, noBar, by(searches.linear)),
            contestant("dense array", Rival::peer, noBar, by(searches.dense))},
           time);

@@ -35,9 +35,9 @@ inline const char* readInteger(const char* next, std::int32_t& number) noexcept 
   std::uint32_t magnitude = digitOf(*next);
   if (magnitude > 9) return readAnyInteger(next, number);
   constexpr int fitting = std::numeric_limits<std::int32_t>::digits10;  // digits, for certain
-  const char* const limit = next + fitting;
+  const char* const first = next;
   for (std::uint32_t digit; (digit = digitOf(*++next)) <= 9;) {
-    if (next == limit) return readAnyInteger(limit - fitting, number);
+    if (next - first == fitting) return readAnyInteger(first, number);
     magnitude = 10 * magnitude + digit;
   }
   number = static_cast<std::int32_t>(magnitude);

@@ -1,9 +1,8 @@
-// Where a generator's choices come from: a seed, or the bytes of a fuzzer.
+// Where a generator's choices come from: a seed.
 
 #ifndef TAVREL_TESTS_REFERENCE_CHOICES_H
 #define TAVREL_TESTS_REFERENCE_CHOICES_H
 
-#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <iterator>
@@ -13,12 +12,9 @@ namespace tavrel::reference {
 class Choices {
  public:
   explicit Choices(std::uint64_t seed) : state_(mixed(seed + 1)) {}
-  /// REQUIRES: the bytes outlive this object.
-  Choices(const std::uint8_t* bytes, std::size_t size)
-      : bytes_(bytes), end_(bytes + size), isSeeded_(false) {}
 
   /// A number from 0 to `end` - 1. REQUIRES: 0 < end <= 65536.
-  int below(int end) { return static_cast<int>(next(end > 256) % static_cast<std::uint32_t>(end)); }
+  int below(int end) { return static_cast<int>(next() % static_cast<std::uint32_t>(end)); }
   int between(int low, int high) { return low + below(high - low + 1); }
   bool chance(int percent) { return below(100) < percent; }
   /// Once in `times`.
@@ -33,21 +29,9 @@ class Choices {
     return *(list.begin() + below(static_cast<int>(list.size())));
   }
 
-  /// Whether bytes have run out; a seed never does.
-  bool isOver() const { return !isSeeded_ && bytes_ == end_; }
-
  private:
-  std::uint32_t next(bool isWide) {
-    if (isSeeded_) return fromSeed();
-    std::uint32_t value = fromByte();
-    if (isWide) value = value << 8 | fromByte();
-    return value;
-  }
-
-  std::uint32_t fromByte() { return bytes_ == end_ ? 0 : *bytes_++; }
-
   // Splitmix64.
-  std::uint32_t fromSeed() {
+  std::uint32_t next() {
     return static_cast<std::uint32_t>(mixed(state_ += 0x9e3779b97f4a7c15) >> 33);
   }
 
@@ -57,10 +41,7 @@ class Choices {
     return value ^ (value >> 31);
   }
 
-  std::uint64_t state_ = 0;
-  const std::uint8_t* bytes_ = nullptr;
-  const std::uint8_t* end_ = nullptr;
-  bool isSeeded_ = true;
+  std::uint64_t state_;
 };
 
 }  // namespace tavrel::reference

@@ -12,7 +12,6 @@
 #define TAVREL_TESTS_REFERENCE_COMPARISON_H
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -24,15 +23,8 @@
 
 namespace tavrel::reference {
 
-/// Draws charts and requests. The same choices make the same dialogue, and choices that
-/// have run out are all 0, so that any bytes make a dialogue that ends.
+/// Draws charts and requests. The same choices make the same dialogue.
 Dialogue dialogueFrom(Choices& choices);
-
-/// The same from bytes, for a fuzzer.
-inline Dialogue dialogueFrom(const std::uint8_t* bytes, std::size_t size) {
-  Choices choices(bytes, size);
-  return dialogueFrom(choices);
-}
 
 /// Where the two part.
 struct Difference {

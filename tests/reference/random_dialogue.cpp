@@ -24,7 +24,7 @@ class DialogueMaker {
     const int count = choices_.below(mostRequests);
     dialogue_.requests.reserve(static_cast<std::size_t>(count) + 16);
     select();
-    for (int i = 0; i < count && !choices_.isOver(); ++i) addRequest();
+    for (int i = 0; i < count; ++i) addRequest();
     return std::move(dialogue_);
   }
 
