@@ -1,6 +1,8 @@
 #include "engine/FileBytes.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -13,25 +15,30 @@ struct Closer {
   void operator()(std::FILE* file) const noexcept { static_cast<void>(std::fclose(file)); }
 };
 
-bool namesRegularFile(const std::string& path) {
+// Room is made at once for a file of up to 256 MiB.
+constexpr std::uintmax_t mostExpected = std::uintmax_t{1} << 28;
+
+bool isRegularFile(const std::filesystem::path& path) {
   std::error_code ignored;
-  return path.find('\0') == std::string::npos && std::filesystem::is_regular_file(path, ignored);
+  return path.native().find('\0') == std::string::npos &&
+         std::filesystem::is_regular_file(path, ignored);
 }
 
-// A hint only: the file may change, or not know its size.
-std::size_t sizeOf(const std::string& path) {
-  std::error_code failed;
-  const std::uintmax_t size = std::filesystem::file_size(path, failed);
-  return failed ? 0 : static_cast<std::size_t>(size);
+// A hint only: the file may change, or not know its size. One that can't be told is huge.
+std::size_t expectedSizeOf(const std::filesystem::path& path) {
+  std::error_code ignored;
+  const std::uintmax_t size = std::filesystem::file_size(path, ignored);
+  return static_cast<std::size_t>(std::min(size, mostExpected));
 }
 
 }  // namespace
 
-std::optional<FileBytes> FileBytes::read(const std::string& path) {
-  if (!namesRegularFile(path)) return std::nullopt;
-  const std::unique_ptr<std::FILE, Closer> file(std::fopen(path.c_str(), "rb"));
+std::optional<FileBytes> FileBytes::read(const std::string& name) {
+  const std::filesystem::path path(name);
+  if (!isRegularFile(path)) return std::nullopt;
+  const std::unique_ptr<std::FILE, Closer> file(std::fopen(name.c_str(), "rb"));
   if (!file) return std::nullopt;
-  FileBytes result(sizeOf(path));
+  FileBytes result(expectedSizeOf(path));
   result.readFrom(file.get());
   return result;
 }

@@ -15,11 +15,11 @@ namespace tavrel::engine {
 /// The bytes of a regular file as they were when it was read.
 class FileBytes {
  public:
-  /// Reads the file at `path`, up to its end or the first error of the device.
+  /// Reads the file of that name, up to its end or the first error of the device.
   /// Empty when it cannot be opened, when it is anything but a regular file
-  /// (opening a pipe could wait for ever), and for a path with a NUL byte, which
-  /// names no file. Holds one byte more than the file has.
-  static std::optional<FileBytes> read(const std::string& path);
+  /// (opening a pipe could wait for ever), and for a name with a NUL byte, which
+  /// no file has. Holds one byte more than the file has.
+  static std::optional<FileBytes> read(const std::string& name);
 
   /// The bytes, valid as long as this object. One NUL byte stands behind them.
   std::string_view view() const noexcept { return {bytes_.get(), size_}; }

@@ -36,7 +36,8 @@ class Rows {
   /// The cells of the row at `y`, none outside the rows. REQUIRES: haveCells().
   RowCells cellsAt(std::int32_t y) const noexcept {
     const std::int64_t row = rowAt(y);
-    return 0 <= row && row < count_ ? cellsOf(row) : RowCells();
+    if (static_cast<std::uint64_t>(row) >= static_cast<std::uint64_t>(count_)) return {};
+    return cellsOf(row);
   }
 
   /// The lowest element index at a position, or -1.

@@ -98,11 +98,11 @@ RowIndex buildRowIndex(const std::vector<Position>& positions, std::int32_t minY
   return {std::move(indices), std::move(starts), std::move(cells)};
 }
 
+// One element at most can be found: a flowchart is read anew as long as it has no more.
 std::int32_t Rows::scanFor(const Position& position) const {
   std::int32_t found = -1;
-  forEachWithin({position.x, position.x, position.y, position.y}, [&](std::int32_t element) {
-    if (found == -1) found = element;
-  });
+  forEachWithin({position.x, position.x, position.y, position.y},
+                [&](std::int32_t element) { found = element; });
   return found;
 }
 

@@ -57,11 +57,10 @@ void Tavrel::resetToStartLocationForFlowchartAtIndex(std::int64_t index) {
 
 std::optional<std::string> Tavrel::getCurrentLocationWithXY(std::int64_t* x,
                                                             std::int64_t* y) const {
-  const sFlowchartNameAndCoordinates location = engine_->mCurrentLocation();
-  std::optional<std::string> name = tavrel::facade::hostText(location.m_name);
+  sFlowchartNameAndCoordinates location = engine_->mCurrentLocation();
   if (x) *x = location.m_x;
   if (y) *y = location.m_y;
-  return name;
+  return std::move(location.m_name);  // a name of the catalogue: nothing to check
 }
 
 std::tuple<std::string, std::int64_t, std::int64_t> Tavrel::currentLocation() const {

@@ -75,12 +75,6 @@ bool isUtf8(std::string_view text) noexcept {
   return true;
 }
 
-std::optional<std::string> hostText(const std::string& text) {
-  const std::string_view shown = upToNul(text);
-  if (!isUtf8(shown)) return std::nullopt;
-  return std::string(shown);
-}
-
 std::string endedAtNul(std::string&& text) noexcept {
   text.erase(upToNul(text).size());
   return std::move(text);

@@ -3,7 +3,6 @@
 #ifndef TAVREL_FACADE_UTF8_H
 #define TAVREL_FACADE_UTF8_H
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,9 +12,6 @@ namespace tavrel::facade {
 /// Whether `text` is valid UTF-8: no overlong form, no surrogate, nothing above
 /// U+10FFFF, no sequence cut short. One pass.
 bool isUtf8(std::string_view text) noexcept;
-
-/// `text` up to its first NUL byte; std::nullopt if that is not valid UTF-8.
-std::optional<std::string> hostText(const std::string& text);
 
 /// `text` up to its first NUL byte.
 std::string endedAtNul(std::string&& text) noexcept;

@@ -190,6 +190,14 @@ TEST_F(ElementObject, TheExceptionNamesTheLineCountingFrom0) {
   EXPECT_EQ(commentary.find('4'), std::string::npos) << commentary;
 }
 
+TEST_F(ElementObject, GivesItsLinesAwayWhenItIsAboutToGo) {
+  select(ChartFile().node({"Root"}, {"why"}).node({"\xff"}, {"\xff"}).cell(0, 0, 0).cell(1, 1, 0));
+  EXPECT_EQ(navigator.elementAtXY(0, 0).boxText(), Lines{"Root"});
+  EXPECT_EQ(navigator.elementAtXY(0, 0).commentaryText(), Lines{"why"});
+  EXPECT_EQ(typeThrown([&] { navigator.elementAtXY(1, 0).boxText(); }), "invalid_argument");
+  EXPECT_EQ(typeThrown([&] { navigator.elementAtXY(1, 0).commentaryText(); }), "invalid_argument");
+}
+
 TEST_F(ElementObject, OneLineThatIsNotUtf8LeavesTheOtherPropertiesReadable) {
   const ScreenElement element = first(ChartFile().node({"\xff"}, {"why"}, "Slam").cell(0, 5, 0));
   EXPECT_EQ(element.commentaryText(), Lines{"why"});
