@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <utility>
 
 #include "engine/CTavrel.h"
@@ -12,6 +13,10 @@ namespace {
 // The fewest bytes that a node block and a cell line can take.
 constexpr std::size_t smallestNode = 5;
 constexpr std::size_t smallestCell = 13;
+
+// Bytes of a box text that are measured sooner than looked up. One file may show a text in
+// as many boxes as it has lines.
+constexpr std::ptrdiff_t mostMeasuredAnew = 256;
 
 class ChartFileReader {
  public:
@@ -44,8 +49,10 @@ class ChartFileReader {
     makeRoom(chart_.nodes, count, smallestNode);
     for (std::string_view name; count > 0; --count) {
       const char* start = scanner_.position();
-      if (!scanner_.passText() || !scanner_.passText() || !scanner_.readLine(name)) return false;
-      chart_.nodes.append(start);
+      if (!scanner_.passText()) return false;
+      const char* textEnd = scanner_.position();
+      if (!scanner_.passText() || !scanner_.readLine(name)) return false;
+      chart_.nodes.append(start, textEnd);
     }
     return true;
   }
@@ -127,6 +134,20 @@ sLogicalNode Nodes::read(std::size_t index) const {
   scanner.readLine(name);
   node.m_nextFlowchartName = name;
   return node;
+}
+
+void Nodes::append(const char* start, const char* textEnd) {
+  starts_.push_back(start);
+  if (textEnd - start <= mostMeasuredAnew) return;
+  const std::size_t node = starts_.size() - 1;
+  longTexts_.push_back({node, scannerAt(node).measureText()});
+}
+
+TextSize Nodes::boxSize(std::size_t index) const noexcept {
+  const auto isBefore = [](const LongText& text, std::size_t node) { return text.node < node; };
+  const auto text = std::lower_bound(longTexts_.begin(), longTexts_.end(), index, isBefore);
+  if (text != longTexts_.end() && text->node == index) return text->size;
+  return scannerAt(index).measureText();
 }
 
 ChartFile readChartFile(std::string_view bytes) { return ChartFileReader(bytes).read(); }

@@ -44,16 +44,17 @@ class Nodes {
 
   void reserve(std::size_t count) { starts_.reserve(count); }
 
-  /// REQUIRES: a whole node block starts there.
-  void append(const char* start) { starts_.push_back(start); }
+  /// REQUIRES: a whole node block begins at `start`, and its box text ends at `textEnd`.
+  void append(const char* start, const char* textEnd);
 
   std::size_t size() const noexcept { return starts_.size(); }
 
   /// A node, read anew each time. REQUIRES: index < size().
   sLogicalNode read(std::size_t index) const;
 
-  /// The size of a node's box text. REQUIRES: index < size().
-  TextSize boxSize(std::size_t index) const noexcept { return scannerAt(index).measureText(); }
+  /// The size of a node's box text. Constant but for a search among the long ones.
+  /// REQUIRES: index < size().
+  TextSize boxSize(std::size_t index) const noexcept;
 
  private:
   Scanner scannerAt(std::size_t index) const noexcept {
@@ -61,7 +62,14 @@ class Nodes {
     return Scanner({start, static_cast<std::size_t>(fileEnd_ - start)});
   }
 
+  // A box text that isn't measured anew for each of the boxes that show it.
+  struct LongText {
+    std::size_t node;
+    TextSize size;
+  };
+
   std::vector<const char*> starts_;
+  std::vector<LongText> longTexts_;  // in the order of the nodes
   const char* fileEnd_;
 };
 

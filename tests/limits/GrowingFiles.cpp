@@ -156,6 +156,14 @@ FileToRead tooWide(std::size_t n) {
   return {file.line(2'000'000'000, 0, 0, 0).text(), 1, true};
 }
 
+// Were the text measured for each box, twice the file would cost four times as much.
+FileToRead tooWideWithALongText(std::size_t n) {
+  ChartFile file;
+  file.node(Lines(n, ""));
+  for (std::size_t i = 0; i < n; ++i) file.cell(0, first + static_cast<std::int64_t>(i), 0);
+  return {file.line(2'000'000'000, 0, 0, 0).text(), 1, true};
+}
+
 FileToRead negativeBoxes(std::size_t n) {
   return {"h\nh\n0\n" + std::to_string(n) + "\n" + times(n, "1\na\n0\n\n") + "-1\n", 0, true};
 }
@@ -200,6 +208,7 @@ const std::vector<GrowingFile>& growingFiles() {
       {"an unknown node at the end", unknownNode, cells},
       {"too many rows", tooManyRows, cells},
       {"too wide a flowchart", tooWide, cells},
+      {"too wide a flowchart, a long text in all boxes", tooWideWithALongText, cells},
       {"a negative number of boxes", negativeBoxes, cells},
   };
   return all;

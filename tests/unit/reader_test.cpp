@@ -255,6 +255,24 @@ TEST_F(Reader, AColumnIsAsWideAsItsWidestLineInAnyRow) {
   EXPECT_EQ(elements().at(2).m_xOffset, 5 + 2 + 15);
 }
 
+// Long ones are measured once, whatever the number of boxes that show them.
+TEST_F(Reader, LongTextsAreLaidOutAsShortOnesAre) {
+  Lines broad(100, "abc");
+  broad[70] = "widest";
+  ChartFile file;
+  file.node({"ab"}).node(broad).node({"abcd"}).node(Lines(300, "")).node({"a"});
+  for (int node = 0; node < 5; ++node) file.cell(node, node, node);
+  select(file);
+  EXPECT_EQ(elements().at(1).m_xOffset, 2 + 6 + 15);
+  EXPECT_EQ(elements().at(2).m_xOffset, 2 + 2 * 6 + 4 + 2 * 15);
+  EXPECT_EQ(elements().at(3).m_xOffset, 2 + 2 * 6 + 2 * 4 + 3 * 15);
+  EXPECT_EQ(elements().at(4).m_xOffset, 2 + 2 * 6 + 2 * 4 + 1 + 4 * 15);
+  EXPECT_EQ(elements().at(1).m_yOffset, 1 + 100 + 2);
+  EXPECT_EQ(elements().at(2).m_yOffset, 1 + 2 * 100 + 1 + 2 * 2);
+  EXPECT_EQ(elements().at(3).m_yOffset, 1 + 2 * 100 + 2 * 1 + 300 + 3 * 2);
+  EXPECT_EQ(elements().at(4).m_yOffset, 1 + 2 * 100 + 2 * 1 + 2 * 300 + 1 + 4 * 2);
+}
+
 TEST_F(Reader, WidthsCountBytes) {
   select(ChartFile().box(0, 0, "\xc3\xa9\xc3\xa8\xc3\xa0").box(1, 0, ""));
   EXPECT_EQ(elements().at(1).m_xOffset, 6 + 0 + 15);
