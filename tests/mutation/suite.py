@@ -69,6 +69,7 @@ class Suite:
         self.objects = work / "objects"
         self.programs: list[Program] = []
         self.library: list[Unit] = []
+        self.wholes: dict[str, Unit] = {}  # by folder, all its units in one
         self.jobs = 2
 
     # --- building -------------------------------------------------------------------
@@ -151,9 +152,22 @@ class Suite:
 
     def make_library(self) -> None:
         self.precompile_headers()
+        self.wholes = {folder: self.whole(folder) for folder in FOLDERS}
         with ThreadPoolExecutor(self.jobs) as pool:
-            list(pool.map(lambda unit: unit.compile(unit.compiled), self.library))
-        self.link_library(self.work / LIBRARY, {})
+            list(pool.map(lambda unit: unit.compile(unit.compiled),
+                          [*self.library, *self.wholes.values()]))
+        self.link_library(self.work / LIBRARY, [unit.compiled for unit in self.library])
+
+    def units_of(self, folder: str) -> list[Unit]:
+        return [unit for unit in self.library if unit.source.parent == self.root / folder]
+
+    def whole(self, folder: str) -> Unit:
+        units = self.units_of(folder)
+        source = self.objects / f"{folder}.cpp"
+        source.write_text("".join(f'#include "{unit.source}"\n' for unit in units),
+                          encoding="utf-8")
+        needs = set().union(*(unit.needs for unit in units))
+        return Unit(source, units[0].command, self.objects / f"{folder}.o", needs)
 
     def precompile_headers(self) -> None:
         """The headers that take most of a compilation, once for units of like definitions."""
@@ -181,8 +195,7 @@ class Suite:
         for unit in units:
             unit.command = [*unit.command, "-include-pch", str(precompiled)]
 
-    def link_library(self, target: Path, replaced: dict[Path, Path]) -> None:
-        objects = [replaced.get(unit.compiled, unit.compiled) for unit in self.library]
+    def link_library(self, target: Path, objects: Sequence[Path]) -> None:
         stepkit.run([COMPILER, "-shared", "-Wl,-Bsymbolic", f"-Wl,-soname,{LIBRARY}", *objects,
                      "-o", target])
 

@@ -10,7 +10,7 @@ from pathlib import Path
 from typing import Optional
 
 from mutants import Mutant
-from suite import FLAGS, LIBRARY, Program, Suite, Unit, run_limited
+from suite import FLAGS, FOLDERS, LIBRARY, Program, Suite, Unit, run_limited
 
 import stepkit
 
@@ -19,6 +19,7 @@ LEAST_SECONDS = 2
 IS_NO_PROGRAM = re.compile(r"^\d+ errors? generated\.$|undefined reference", re.M)
 QUICK_TEST = 0.05  # seconds; slower ones wait until the quick have noticed nothing
 FAVOURITES = 12  # tests that have noticed most in a file, tried first
+MOST_APART = 3  # units that are compiled one by one rather than their folder in one piece
 
 
 @dataclass
@@ -94,12 +95,29 @@ class Bench:
         program.link_to(target, self.suite.work / LIBRARY, replaced)
         return target
 
+    def library_with(self, mutant: Mutant) -> list[Path]:
+        """The library's object files, those that include the mutant's file made anew."""
+        objects: list[Path] = []
+        for folder in FOLDERS:
+            units = self.suite.units_of(folder)
+            pieces = self.pieces(mutant, folder)
+            replaced = self.compile(mutant, pieces)
+            in_one = self.suite.wholes[folder].compiled
+            objects += ([replaced[in_one]] if in_one in replaced else
+                        [replaced.get(unit.compiled, unit.compiled) for unit in units])
+        return objects
+
+    def pieces(self, mutant: Mutant, folder: str) -> list[Unit]:
+        """What of a folder has to be compiled. Most headers are wanted by many units."""
+        path = self.suite.root / mutant.file
+        units = [unit for unit in self.suite.units_of(folder) if path in unit.needs]
+        return units if len(units) <= MOST_APART else [self.suite.wholes[folder]]
+
     # --- trying ---------------------------------------------------------------------
 
     def try_mutant(self, mutant: Mutant) -> Verdict:
         try:
-            replaced = self.compile(mutant, self.suite.library)
-            self.suite.link_library(self.folder / LIBRARY, replaced)
+            self.suite.link_library(self.folder / LIBRARY, self.library_with(mutant))
             noticed = self.notice(mutant)
         except stepkit.CannotWork as problem:
             if not IS_NO_PROGRAM.search(str(problem)) or "No space left" in str(problem):
@@ -168,10 +186,9 @@ class Bench:
 
     def is_identical(self, mutant: Mutant) -> bool:
         """Whether the optimiser makes the same of the mutant as of the original."""
-        path = self.suite.root / mutant.file
-        units = [unit for unit in self.suite.library if path in unit.needs]
-        return all(self.optimised(unit, self.overlay(mutant)) == self.original(unit)
-                   for unit in units)
+        pieces = [piece for folder in FOLDERS for piece in self.pieces(mutant, folder)]
+        return all(self.optimised(piece, self.overlay(mutant)) == self.original(piece)
+                   for piece in pieces)
 
     def original(self, unit: Unit) -> bytes:
         if unit.source not in self.originals:
