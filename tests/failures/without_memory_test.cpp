@@ -63,6 +63,16 @@ TEST_F(WithoutMemory, ThereIsStillTheExceptionOfALookAtAnEmptyCell) {
   expectWithoutMemory([this] { engine.mGetXYElement(0, -1); }, "out_of_range");
 }
 
+TEST_F(WithoutMemory, TheExceptionsSayWhatIsWrong) {
+  select(wholeChart());
+  EXPECT_EQ(textThrown<std::out_of_range>([this] { engine.mGetXYElement(5, 0); }),
+            "CTavrel: nothing stands there");
+  write(ChartFile().box(0, 0, "Root").box(0, 16777216, "Far"));
+  CTavrel fresh(directory.prefix());
+  EXPECT_EQ(textThrown<std::length_error>([&] { fresh.mSetStartLocation(0); }),
+            "CTavrel: no flowchart can have this size");
+}
+
 TEST_F(WithoutMemory, ThereIsStillTheExceptionOfALinkToAnUnknownName) {
   select(ChartFile()
              .link(0, 0, "Root", "A name that no flowchart has, beyond any short string")

@@ -17,6 +17,7 @@ import stepkit
 TIMES_LONGER = 10  # than the unchanged program: then a mutant is taken to hang
 LEAST_SECONDS = 2
 IS_NO_PROGRAM = re.compile(r"^\d+ errors? generated\.$|undefined reference", re.M)
+ITS_END = "its end"  # what has noticed a mutant where no test says so
 QUICK_TEST = 0.05  # seconds; slower ones wait until the quick have noticed nothing
 FAVOURITES = 12  # tests that have noticed most in a file, tried first
 MOST_APART = 3  # units that are compiled one by one rather than their folder in one piece
@@ -147,14 +148,14 @@ class Bench:
                 test = self.run(program, built[program.name], tests)
                 if test is not None:
                     self.killers.note(mutant.file, program.name, test)
-                    return f"{program.name}: {test or 'its end'}"
+                    return f"{program.name}: {test or ITS_END}"
         return ""
 
     # Each of these says which tests of a program a stage runs; None for all of them.
 
     def favourites(self, mutant: Mutant, program: Program) -> Optional[list[str]]:
         best = self.killers.best(mutant.file, program.name)
-        return [test for test in best if program.tests[test] <= QUICK_TEST]
+        return [test for test in best if program.tests.get(test, QUICK_TEST + 1) <= QUICK_TEST]
 
     def quick(self, _: Mutant, program: Program) -> Optional[list[str]]:
         if not program.tests and program.seconds > QUICK_TEST:

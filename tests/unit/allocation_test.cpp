@@ -91,6 +91,23 @@ TEST_F(Allocations, AnEmptyRectangleTakesNone) {
 
 constexpr std::size_t little = 100000;  // bytes; a stream's buffer fits in it many times
 
+// A node takes 5 bytes at least, a cell 13 and a line feed, which the last one does without.
+TEST_F(Allocations, AFileThatClaimsMoreTakesNoMoreThanOneThatTellsItsCounts) {
+  const auto bytesFor = [this](const std::string& file) {
+    write(file);
+    CTavrel fresh(directory.prefix());
+    return costOf([&] { fresh.mSetStartLocation(0); }).bytes;
+  };
+  const std::string cell = "\n0 0 0 0 0 0 0";
+  std::string nodes, cells;
+  for (int i = 0; i < 1000; ++i) nodes += "0\n0\n\n";
+  for (int i = 0; i < 1000; ++i) cells += cell;
+  const std::string toNodes = "h\nh\n0\n", toBoxes = toNodes + "1\n0\n0\n\n";
+  EXPECT_LT(bytesFor(toNodes + "2000000000\n" + nodes), bytesFor(toNodes + "1000\n" + nodes) + 500);
+  // 1,076 cells could stand there.
+  EXPECT_LT(bytesFor(toBoxes + "2000000000" + cells), bytesFor(toBoxes + "1000" + cells) + 2000);
+}
+
 TEST_F(Allocations, ACountOfTwoBillionInASmallFileCostsNextToNothing) {
   const std::string many = "2000000000\n";
   const std::pair<const char*, std::string> files[] = {

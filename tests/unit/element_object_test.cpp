@@ -183,11 +183,10 @@ TEST_F(ElementObject, TheExceptionNamesTheLineCountingFrom0) {
   const ScreenElement element =
       first(ChartFile().node({"\xff"}, {"a", "b", "c", "\xff", "\xff"}).cell(0, 0, 0));
   const std::string box = textThrown<std::invalid_argument>([&] { element.boxText(); });
-  EXPECT_NE(box.find('0'), std::string::npos) << box;
+  EXPECT_EQ(box, "line 0 is not valid UTF-8");
   const std::string commentary =
       textThrown<std::invalid_argument>([&] { element.commentaryText(); });
-  EXPECT_NE(commentary.find('3'), std::string::npos) << commentary;
-  EXPECT_EQ(commentary.find('4'), std::string::npos) << commentary;
+  EXPECT_EQ(commentary, "line 3 is not valid UTF-8");
 }
 
 TEST_F(ElementObject, GivesItsLinesAwayWhenItIsAboutToGo) {

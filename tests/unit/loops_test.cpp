@@ -73,6 +73,12 @@ TEST_F(Loops, ACellThatStepsNowhereEndsWhereItStands) {
   }
 }
 
+TEST_F(Loops, TheFirstOfTwoCellsInOnePlaceIsTheOneThatStepsNowhere) {
+  write(ChartFile().box(0, 0, "Root", xPlus).line(1, 0, xPlus, none).line(1, 0, xPlus, xPlus));
+  EXPECT_EQ(typeThrown([&] { engine.mStartNewPath(0, "y"); }), "out_of_range");
+  EXPECT_EQ(describe(engine), "0 Opening 1,0 #1 path=\"\" marks=0,1");
+}
+
 TEST_F(Loops, ACellThatWasEnteredFromNowhereEndsAMoveBackWhereItStands) {
   select(ChartFile().box(0, 0, "Root").line(0, -1, none, yPlus));
   expectToThrow(&CTavrel::mMoveYMinus);

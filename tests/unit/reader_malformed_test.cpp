@@ -248,10 +248,12 @@ TEST_F(Malformed, NoOtherByteContinuesAnInteger) {
   for (const std::string& stranger : strangers) {
     SCOPED_TRACE(testing::PrintToString(stranger));
     CTavrel fresh(directory.prefix());
-    write(upToBoxes + "1" + stranger + "\n0 0 0 0 0 1 2" + stranger + "\n0\n");
-    fresh.mSetStartLocation(0);
-    EXPECT_EQ(describe(EngineAccess::screenElements(fresh)[0].at(0)),
-              "box 0,0 @0,0  () > y1 n2 i4 o4");
+    for (const std::string exit : {"2", "-2"}) {
+      write(upToBoxes + "1" + stranger + "\n0 0 0 0 0 1 " + exit + stranger + "\n0\n");
+      fresh.mSetStartLocation(0);
+      EXPECT_EQ(describe(EngineAccess::screenElements(fresh)[0].at(0)),
+                "box 0,0 @0,0  () > y1 n" + exit + " i4 o4");
+    }
   }
 }
 
