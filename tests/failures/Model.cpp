@@ -2,32 +2,16 @@
 
 #include <cstddef>
 
+#include "tests/reference/State.h"
+
 namespace tavrel {
 namespace {
 
 using reference::PlainElement;
 
-sScreenElement recordOf(const PlainElement& plain) {
-  sScreenElement record;
-  record.m_x = plain.x;
-  record.m_y = plain.y;
-  record.m_xOffset = plain.xOffset;
-  record.m_yOffset = plain.yOffset;
-  record.m_isOnPath = plain.isOnPath;
-  record.m_isNode = plain.isNode;
-  record.m_newFlowchartName = plain.link;
-  record.m_boxText = plain.boxText;
-  record.m_commentText = plain.commentText;
-  record.m_yesDir = plain.yes;
-  record.m_noDir = plain.no;
-  record.m_directionInto = plain.into;
-  record.m_directionOutOf = plain.outOf;
-  return record;
-}
-
 std::vector<sScreenElement> recordsOf(const std::vector<PlainElement>& plain) {
   std::vector<sScreenElement> records;
-  for (const PlainElement& element : plain) records.push_back(recordOf(element));
+  for (const PlainElement& element : plain) records.push_back(reference::asRecord(element));
   return records;
 }
 
@@ -64,7 +48,7 @@ std::vector<sScreenElement> Model::mGetAllElements() const {
 }
 
 sScreenElement Model::mGetXYElement(std::int32_t x, std::int32_t y) const {
-  return recordOf(engine_.elementAt(x, y));
+  return reference::asRecord(engine_.elementAt(x, y));
 }
 
 std::vector<sScreenElement> Model::mGetElementsInBoundaries(std::int32_t minX, std::int32_t maxX,

@@ -65,6 +65,8 @@ bool isOutlineEqual(const PlainChart& chart, const CTavrel& engine, std::size_t 
   return true;
 }
 
+}  // namespace
+
 sScreenElement asRecord(const PlainElement& plain) {
   sScreenElement record;
   record.m_x = plain.x;
@@ -82,8 +84,6 @@ sScreenElement asRecord(const PlainElement& plain) {
   record.m_directionOutOf = plain.outOf;
   return record;
 }
-
-}  // namespace
 
 bool isEqual(const PlainElement& plain, const sScreenElement& record) {
   return plain.x == record.m_x && plain.y == record.m_y && plain.xOffset == record.m_xOffset &&

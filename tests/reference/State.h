@@ -26,6 +26,9 @@ std::optional<StateDifference> differenceAtCursor(const PlainEngine& reference,
 std::optional<StateDifference> differenceInChart(const PlainChart& chart, const CTavrel& engine,
                                                  std::size_t fc);
 
+/// The engine's record of an element.
+sScreenElement asRecord(const PlainElement& plain);
+
 /// Whether the two are the same in every field.
 bool isEqual(const PlainElement& plain, const sScreenElement& record);
 
