@@ -45,9 +45,10 @@ bool Axis::placeToward(std::ptrdiff_t step, std::size_t origin, std::int64_t gap
   std::int64_t position = 0;
   std::int64_t size = slots_[origin];
   std::int64_t coordinate = 0;
-  // Stepping below slot 0 wraps to a slot far beyond the last.
-  for (std::size_t slot = origin + static_cast<std::size_t>(step); slot < slots_.size();
-       slot += static_cast<std::size_t>(step)) {
+  // As an unsigned number, a slot below 0 is far beyond the last.
+  for (std::ptrdiff_t next = static_cast<std::ptrdiff_t>(origin) + step;
+       static_cast<std::size_t>(next) < slots_.size(); next += step) {
+    const auto slot = static_cast<std::size_t>(next);
     const std::int64_t gaps = step * (coordinateOf(slot) - coordinate);
     position += step * (size + slots_[slot] + gap * gaps);
     if (position != static_cast<std::int32_t>(position)) return false;

@@ -10,7 +10,7 @@ bool isWhitespace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && b
 
 // The digit's value; 10 or more for any other byte.
 std::uint32_t digitOf(char byte) noexcept {
-  return static_cast<unsigned char>(byte) - std::uint32_t{'0'};
+  return static_cast<std::uint32_t>(static_cast<unsigned char>(byte) - '0');
 }
 
 // An integer of any length, with whitespace and a sign before it. Returns what follows
