@@ -143,7 +143,7 @@ void Nodes::append(const char* start, const char* textEnd) {
   longTexts_.push_back({node, scannerAt(node).measureText()});
 }
 
-TextSize Nodes::boxSize(std::size_t index) const noexcept {
+TextSize Nodes::sizeAmongLongOnes(std::size_t index) const noexcept {
   const auto isBefore = [](const LongText& text, std::size_t node) { return text.node < node; };
   const auto text = std::lower_bound(longTexts_.begin(), longTexts_.end(), index, isBefore);
   if (text != longTexts_.end() && text->node == index) return text->size;

@@ -54,7 +54,9 @@ class Nodes {
 
   /// The size of a node's box text. Constant but for a search among the long ones.
   /// REQUIRES: index < size().
-  TextSize boxSize(std::size_t index) const noexcept;
+  TextSize boxSize(std::size_t index) const noexcept {
+    return longTexts_.empty() ? scannerAt(index).measureText() : sizeAmongLongOnes(index);
+  }
 
  private:
   Scanner scannerAt(std::size_t index) const noexcept {
@@ -67,6 +69,8 @@ class Nodes {
     std::size_t node;
     TextSize size;
   };
+
+  TextSize sizeAmongLongOnes(std::size_t index) const noexcept;
 
   std::vector<const char*> starts_;
   std::vector<LongText> longTexts_;  // in the order of the nodes
