@@ -12,8 +12,6 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "verify"))
 import stepkit  # noqa: E402
 
 SANITIZED = "-O1 -g -fsanitize=address,undefined -fno-sanitize-recover=all"
-PACKAGES = ("cmake", "g++", "ninja-build", "pkg-config", "libcli11-dev", "libgtest-dev",
-            "libncurses-dev", "libutf8proc-dev", "libvterm-dev")
 
 
 @dataclass
@@ -26,7 +24,7 @@ class Outcome:
 
 def build(step: stepkit.Step, name: str, flags: str, *targets: str) -> Path:
     """Builds the programs and returns the folder that they are in."""
-    stepkit.run(["scripts/dependencies", *PACKAGES])
+    stepkit.install("g++")
     folder = step.work / name
     stepkit.say(f"building {', '.join(targets)} into {name}")
     stepkit.configure(folder, "g++", flags)

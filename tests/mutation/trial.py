@@ -1,13 +1,15 @@
 """One mutant after another: compiled, linked, and given to the suite until a test notices."""
 
 import json
+import queue
 import re
 import shutil
 import threading
 from collections import Counter
+from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
-from typing import Optional
+from typing import Callable, Optional, Sequence
 
 from mutants import Mutant
 from suite import FLAGS, FOLDERS, LIBRARY, Program, Suite, Unit, run_limited
@@ -203,3 +205,26 @@ class Bench:
         target = self.folder / "optimised.o"
         Unit(unit.source, [*words, "-O2"], unit.compiled).compile(target, "-w", *more)
         return target.read_bytes()
+
+
+def try_each(suite: Suite, folder: Path, killers: Killers, mutants: Sequence[Mutant],
+             note: Callable[[Mutant, Verdict], None],
+             is_over: Callable[[], bool] = lambda: False) -> None:
+    """Tries as many at once as the suite has jobs, and notes each verdict as it comes, on the
+    thread that found it. Once it is over, no further mutant is begun."""
+    benches: "queue.Queue[Bench]" = queue.Queue()
+    for number in range(suite.jobs):
+        benches.put(Bench(suite, folder / f"bench{number}", killers))
+
+    def attempt(mutant: Mutant) -> None:
+        if is_over():
+            return
+        bench = benches.get()
+        try:
+            verdict = bench.try_mutant(mutant)
+        finally:
+            benches.put(bench)
+        note(mutant, verdict)
+
+    with ThreadPoolExecutor(suite.jobs) as pool:
+        list(pool.map(attempt, mutants))

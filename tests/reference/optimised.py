@@ -8,13 +8,10 @@ sys.path[:0] = [str(ROOT / "tests/verify")]
 
 import stepkit  # noqa: E402
 
-PACKAGES = ("cmake", "g++", "ninja-build", "pkg-config", "libcli11-dev", "libgtest-dev",
-            "libncurses-dev", "libutf8proc-dev", "libvterm-dev")
-
 
 def program(work: Path, name: str) -> Path:
     """The program's path, built anew where something has changed."""
-    stepkit.run([ROOT / "scripts/dependencies", *PACKAGES])
+    stepkit.install("g++")
     build = work / "build"
     stepkit.say(f"building {name}")
     stepkit.run(["cmake", "-S", ROOT, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",

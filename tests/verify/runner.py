@@ -17,14 +17,14 @@ WORK = Path("build/verify")
 SHARES = {
     "reference": (60, 1200),
     "worlds": (80, 900),
-    "coverage": (120, 300),
+    "coverage": (120, 120),
     "mutation": (180, 2700),
     "fuzz": (240, 2100),
     "allocations": (40, 180),
-    "files": (60, 300),
-    "builds": (280, 900),
-    "limits": (60, 180),
-    "planted": (80, 180),
+    "files": (60, 260),
+    "builds": (280, 1300),
+    "limits": (60, 120),
+    "planted": (80, 120),
 }
 NAMES = tuple(SHARES)
 WITH_RECORDS = ("mutation", "fuzz")  # those that keep records in the tree with --write

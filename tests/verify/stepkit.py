@@ -13,6 +13,10 @@ from typing import Callable, Mapping, NoReturn, Optional, Sequence
 # Those of tests/fuzz hold an engine of their own, with its files in memory.
 SUITE_FOLDERS = ("unit", "conversations", "reference", "failures")
 
+# What every build of the tests wants, but for its compiler.
+PACKAGES = ("cmake", "ninja-build", "pkg-config", "libcli11-dev", "libgtest-dev",
+            "libncurses-dev", "libutf8proc-dev", "libvterm-dev")
+
 
 class CannotWork(Exception):
     """The step could not do its work; the text says why."""
@@ -52,6 +56,11 @@ def run(command: Sequence[object], log: Optional[Path] = None, cwd: Optional[Pat
         said = (done.stdout + done.stderr)[-4000:]
         raise CannotWork(f"{said}\nstatus {done.returncode} from {' '.join(map(str, command))}")
     return done.stdout
+
+
+def install(*more: str) -> None:
+    """Sees to it that the packages for a build of the tests, and these, are there."""
+    run(["scripts/dependencies", *PACKAGES, *more])
 
 
 def configure(build: Path, compiler: str, flags: str, *definitions: str) -> None:

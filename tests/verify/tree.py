@@ -2,9 +2,10 @@
 
 import subprocess
 
-# What may change without anything having to be tried anew: texts for people, and the
-# records that a full run makes of itself.
-NOT_CODE = (":!*.md", ":!docs", ":!LICENSE", ":!tests/mutation/state", ":!tests/fuzz/recorded.tsv")
+# What may change without anything having to be tried anew: texts for people, and what a
+# full run leaves behind: its records, and the inputs that it found.
+NOT_CODE = (":!*.md", ":!docs", ":!LICENSE", ":!tests/mutation/state", ":!tests/fuzz/recorded.tsv",
+            ":!tests/fuzz/corpus")
 
 
 def git(*words: str) -> str:
