@@ -40,8 +40,8 @@ struct Contestant {
   double bar;
   /// The work, timed.
   std::function<void()> work;
-  /// Over everything that the last work has made; the same for all contestants. Empty
-  /// for one that makes something else.
+  /// Over everything that the work makes; the same for all contestants. Empty for one
+  /// that makes something else.
   std::function<std::uint64_t()> checksum = {};
   /// What comes before every work, and is not timed. May be empty.
   std::function<void()> prepare = {};

@@ -4,12 +4,13 @@
 
 #include <array>
 
+#include "bench/WholeFile.h"
+
 namespace tavrel::bench {
 namespace {
 
 using simdjson::ondemand::array;
 using simdjson::ondemand::object;
-using simdjson::ondemand::value;
 
 LineRange readLines(array lines, ParsedChart& chart) {
   const std::size_t first = chart.lines.size();
@@ -34,7 +35,7 @@ Node readNode(object node, ParsedChart& chart) {
 }  // namespace
 
 struct SimdjsonReader::Parser {
-  simdjson::padded_string json;
+  WholeFile json;
   simdjson::ondemand::parser parser;
 };
 
@@ -42,8 +43,10 @@ SimdjsonReader::SimdjsonReader() : parser_(std::make_unique<Parser>()) {}
 SimdjsonReader::~SimdjsonReader() = default;
 
 ParsedChart SimdjsonReader::parse(const std::string& path) {
-  parser_->json = simdjson::padded_string::load(path);
-  simdjson::ondemand::document document = parser_->parser.iterate(parser_->json);
+  parser_->json = wholeFile(path, simdjson::SIMDJSON_PADDING);
+  const WholeFile& json = parser_->json;
+  simdjson::ondemand::document document = parser_->parser.iterate(simdjson::padded_string_view(
+      json.begin(), json.size, json.size + simdjson::SIMDJSON_PADDING));
   ParsedChart chart;
   chart.intro = readLines(document["intro"], chart);
   for (auto node : array(document["nodes"])) chart.nodes.push_back(readNode(node, chart));

@@ -10,16 +10,16 @@
 namespace tavrel::bench {
 
 struct WholeFile {
-  std::unique_ptr<char[]> bytes;  ///< with a NUL byte behind them
-  std::size_t size = 0;           ///< without that
+  std::unique_ptr<char[]> bytes;  ///< with NUL bytes behind them
+  std::size_t size = 0;           ///< without those
 
   const char* begin() const { return bytes.get(); }
   const char* end() const { return bytes.get() + size; }
 };
 
-/// Opens the file, asks for its size and reads it, a system call each. Throws
-/// std::system_error when it can't.
-WholeFile wholeFile(const std::string& path);
+/// Opens the file, asks for its size and reads it, a system call each; `padding` NUL bytes
+/// stand behind it. Throws std::system_error when it can't.
+WholeFile wholeFile(const std::string& path, std::size_t padding = 1);
 
 }  // namespace tavrel::bench
 

@@ -3,7 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/Charts.h"
@@ -16,7 +19,30 @@ namespace {
 
 constexpr std::size_t steps = 999;
 
+// A count of work that wasn't done is worth nothing.
+void require(bool isDone, const std::string& what) {
+  if (isDone) return;
+  std::cerr << "allocations_bench: " << what << '\n';
+  std::exit(2);
+}
+
+// Where a path of so many answers ends: at the last of the elements that are marked.
+std::pair<std::int32_t, std::int32_t> endOfWalk(const Charts& charts) {
+  CTavrel engine(charts.directory());
+  engine.mStartNewPath(0, std::string(steps, 'y'));
+  std::pair<std::int32_t, std::int32_t> end = {0, 0};
+  std::size_t boxes = 0;
+  for (const sScreenElement& element : engine.mGetAllElements()) {
+    if (!element.m_isNode || !element.m_isOnPath) continue;
+    end = {element.m_x, element.m_y};
+    ++boxes;
+  }
+  require(boxes == steps + 1, "the path has another length");
+  return end;
+}
+
 void countForMoves(const Charts& charts) {
+  const auto [endX, endY] = endOfWalk(charts);
   CTavrel engine(charts.directory());
   engine.mStartNewPath(0, std::string(steps, 'y'));
   const auto count = [&](const std::string& name, const auto& move) {
@@ -24,6 +50,8 @@ void countForMoves(const Charts& charts) {
     const Cost cost = costOf([&] {
       for (std::size_t step = 0; step < steps; ++step) move();
     });
+    const sFlowchartNameAndCoordinates location = engine.mCurrentLocation();
+    require(location.m_x == endX && location.m_y == endY, "a walk came to another end");
     reportCount({"allocations of 999 steps", charts.name() + ", " + name, 1}, "Tavrel", cost.count,
                 0);
   };
@@ -36,6 +64,7 @@ std::size_t allocationsOfList(const CTavrel& engine, std::int32_t width, std::in
   std::vector<sScreenElement> answer;
   const Cost all = costOf(
       [&] { answer = engine.mGetElementsInBoundaries(-width / 2, width / 2, 0, height - 1); });
+  require(!answer.empty(), "a rectangle is empty");
   std::vector<sScreenElement> copies;
   copies.reserve(answer.size());
   const Cost ofRecords = costOf([&] {

@@ -124,9 +124,11 @@ def check_call(command: list[str | Path]) -> None:
         raise CannotMeasure(f"{command[0]} failed")
 
 
-def build() -> Path:
+def build(asked_to_write: bool) -> Path:
     """Returns the folder of the programs."""
     if folder := os.environ.get("TAVREL_BENCH_BUILD"):
+        if asked_to_write:
+            raise CannotMeasure("--write is for programs that were built just now")
         return Path(folder) / "bench"
     check_call([ROOT / "scripts" / "dependencies", *TOOLS, *PEERS])
     check_call([ROOT / "scripts" / "build", "bench"])
@@ -141,7 +143,10 @@ def measure(program: Path) -> list[Row]:
         raise CannotMeasure(str(error)) from error
     if result.returncode != 0:
         raise CannotMeasure(f"{program.name} ended with status {result.returncode}")
-    return [Row.of(line) for line in result.stdout.splitlines()]
+    rows = [Row.of(line) for line in result.stdout.splitlines()]
+    if not rows:
+        raise CannotMeasure(f"{program.name} measured nothing")
+    return rows
 
 
 def first_line(command: list[str]) -> str:
@@ -166,11 +171,14 @@ def versions() -> str:
     return ", ".join(line for line in lines if line)
 
 
-def circumstances(programs: Path) -> str:
-    """The machine and what ran on it, as a list."""
+def commit_measured() -> str:
     commit = first_line(["git", "rev-parse", "--short=12", "HEAD"])
-    if first_line(["git", "status", "--porcelain", "engine", "facade", "bench"]):
-        commit += " and changes"
+    is_changed = first_line(["git", "status", "--porcelain", "--", ".", ":!docs", ":!*.md"])
+    return f"{commit} and changes" if is_changed else commit
+
+
+def circumstances(programs: Path, commit: str) -> str:
+    """The machine and what ran on it, as a list."""
     load = ", ".join(f"{average:.1f}" for average in os.getloadavg())
     return "\n".join([
         f"- Measured on {datetime.date.today().isoformat()}, commit {commit}.",
@@ -217,13 +225,14 @@ def arguments() -> argparse.Namespace:
 def main() -> int:
     asked = arguments()
     try:
-        programs = build()
+        programs = build(asked.write)
+        commit = commit_measured()
         rows = {name: measure(programs / f"{name}_bench")
                 for name in NAMES if name in (asked.names or NAMES)}
         print(table([row for part in rows.values() for row in part]))
         if asked.write:
             sections = {name: table(part) for name, part in rows.items()}
-            write({"circumstances": circumstances(programs), **sections})
+            write({"circumstances": circumstances(programs, commit), **sections})
     except (CannotMeasure, OSError) as error:
         print(f"scripts/bench: {error}", file=sys.stderr)
         return 2

@@ -9,7 +9,6 @@ Exit status: 0 if all are within, 1 if one isn't, 2 if nothing could be compared
 import argparse
 import math
 import platform
-import subprocess
 import sys
 import tempfile
 from dataclasses import dataclass
@@ -18,13 +17,12 @@ from typing import Optional
 
 ROOT = Path(__file__).resolve().parent.parent
 sys.dont_write_bytecode = True  # no traces in the checkout
-sys.path.insert(0, str(ROOT / "tests/limits"))
+sys.path[:0] = [str(ROOT / "tests/limits"), str(ROOT / "tests/verify")]
 
 import callgrind  # noqa: E402
+import stepkit  # noqa: E402
 
 BUDGETS = ROOT / "bench/budgets.txt"
-PACKAGES = ("cmake", "g++", "ninja-build", "pkg-config", "valgrind", "libcli11-dev",
-            "libgtest-dev", "libncurses-dev", "libutf8proc-dev", "libvterm-dev")
 TOLERANCE = 0.03
 HEAD = """\
 # What operations cost: instructions for each byte, find, cell, element or start, as
@@ -54,35 +52,19 @@ def shown(instructions: float) -> str:
     return f"{instructions:.{max(0, digits)}f}"
 
 
-def run(command: list[str]) -> str:
-    done = subprocess.run(command, cwd=ROOT, text=True, stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT)
-    if done.returncode != 0:
-        raise CannotCompare(done.stdout[-4000:])
-    return done.stdout
-
-
-def build(folder: Path) -> Path:
-    """The counting program, built as the release is."""
-    run(["scripts/dependencies", *PACKAGES])
-    run(["cmake", "--preset", "release", "-B", str(folder)])
-    run(["cmake", "--build", str(folder), "--target", "budgeted"])
-    return folder / "tests/limits/budgeted"
-
-
 def toolchain(folder: Path) -> str:
     """What the counts depend on: "g++ 12.2.0 x86_64"."""
     cache = (folder / "CMakeCache.txt").read_text(encoding="utf-8").splitlines()
     compiler = next(line.split("=", 1)[1] for line in cache
                     if line.startswith("CMAKE_CXX_COMPILER:"))
-    kind = "g++" if "Free Software Foundation" in run([compiler, "--version"]) else "clang++"
-    return f"{kind} {run([compiler, '-dumpfullversion']).strip()} {platform.machine()}"
+    kind = "g++" if "Free Software Foundation" in stepkit.run([compiler, "--version"]) else "clang++"
+    return f"{kind} {stepkit.run([compiler, '-dumpfullversion']).strip()} {platform.machine()}"
 
 
 def counted(program: Path) -> list[Budget]:
     names = callgrind.names_of(program)
     with tempfile.TemporaryDirectory() as directory:
-        subprocess.run([program.resolve(), "--charts"], cwd=directory, check=True)
+        stepkit.run([program.resolve(), "--charts"], cwd=Path(directory))
         totals = callgrind.count_each(program, names, Path(directory))
     budgets = {}
     for label, total in totals.items():
@@ -94,10 +76,8 @@ def counted(program: Path) -> list[Budget]:
 
 
 def write(budgets: list[Budget], tools: str) -> None:
-    draft = BUDGETS.with_suffix(".new")
-    draft.write_text(HEAD + f"compiler: {tools}\n\n" + "".join(map(Budget.line, budgets)),
-                     encoding="utf-8")
-    draft.rename(BUDGETS)
+    stepkit.write_whole(
+        BUDGETS, HEAD + f"compiler: {tools}\n\n" + "".join(map(Budget.line, budgets)))
 
 
 def recorded(tools: str) -> dict[str, Budget]:
@@ -145,14 +125,14 @@ def main() -> int:
     options = parser.parse_args()
     try:
         folder = options.build.resolve()
-        program = build(folder)
+        program = callgrind.build(folder, "budgeted") / "budgeted"
         tools = toolchain(folder)
         if options.write:
             write(counted(program), tools)
             return 0
         old = recorded(tools)
         return 0 if compare(counted(program), old) else 1
-    except (CannotCompare, callgrind.CannotCount, subprocess.CalledProcessError, OSError) as problem:
+    except (CannotCompare, callgrind.CannotCount, stepkit.CannotWork, OSError) as problem:
         print(f"scripts/budgets: {problem}", file=sys.stderr)
         return 2
 

@@ -14,6 +14,7 @@
 #include "bench/Checksum.h"
 #include "bench/Contest.h"
 #include "engine/CTavrel.h"
+#include "tests/support/GridMoves.h"
 
 namespace tavrel::bench {
 namespace {
@@ -120,19 +121,6 @@ Contestant engineContestant(const std::shared_ptr<CTavrel>& engine,
   return {"Tavrel", Rival::itself, noBar, work, checksum, goToStart};
 }
 
-void moveInDirection(CTavrel& engine, std::int32_t direction) {
-  switch (direction) {
-    case eYPlus:
-      return engine.mMoveYPlus();
-    case eXPlus:
-      return engine.mMoveXPlus();
-    case eYMinus:
-      return engine.mMoveYMinus();
-    default:
-      return engine.mMoveXMinus();
-  }
-}
-
 void contests(const Charts& charts, double time) {
   const std::shared_ptr<CTavrel> engine = std::make_shared<CTavrel>(charts.directory());
   engine->mStartNewPath(0, std::string(steps, 'y'));
@@ -149,9 +137,9 @@ void contests(const Charts& charts, double time) {
   LinkedWay back(elementsOf(charts));
   const auto alongPath = [](CTavrel& e, std::size_t) { e.mMoveOnPath(); };
   const auto alongYes = [](CTavrel& e, std::size_t) { e.mMoveYes(); };
-  const auto onGrid = [&](CTavrel& e, std::size_t i) { moveInDirection(e, there.exits()[i]); };
+  const auto onGrid = [&](CTavrel& e, std::size_t i) { moveOnGrid(e, there.exits()[i]); };
   const auto backOnGrid = [&](CTavrel& e, std::size_t i) {
-    moveInDirection(e, there.arrivals()[steps - 1 - i] ^ 2);
+    moveOnGrid(e, there.arrivals()[steps - 1 - i] ^ 2);
   };
   contest("on the path", engineContestant(engine, toRoot, alongPath), there.linkedForward());
   contest("yes", engineContestant(engine, toRoot, alongYes), there.linkedForward());

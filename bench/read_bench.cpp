@@ -115,7 +115,7 @@ void contestOf(const Charts& charts, const Bars& bar, double time) {
        readerContestant<PlainReader>("ifstream and getline", bar.fasterThanPlain, charts.fvFiles()),
        readerContestant<SimdjsonReader>("simdjson On-Demand", bar.fasterThanSimdjson, json),
        readerContestant<RapidjsonSaxReader>("RapidJSON SAX", noBar, json),
-       readerContestant<RapidjsonInsituReader>("RapidJSON in-situ", noBar, json),
+       readerContestant<RapidjsonInsituReader>("RapidJSON DOM, in-situ", noBar, json),
        readerContestant<NlohmannReader>("nlohmann", noBar, json)},
       time);
 }

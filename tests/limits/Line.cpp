@@ -92,4 +92,9 @@ std::string Line::file(const std::string& next) const {
 std::int32_t Line::lastX() const { return placed(way).back().x; }
 std::int32_t Line::lastY() const { return placed(way).back().y; }
 
+bool isAtEnd(const CTavrel& engine, const Line& line) {
+  const sFlowchartNameAndCoordinates location = engine.mCurrentLocation();
+  return location.m_x == line.lastX() && location.m_y == line.lastY();
+}
+
 }  // namespace tavrel

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/CTavrel.h"
+
 namespace tavrel {
 
 /// The way of a line: the direction codes with which it leaves its cells, one after
@@ -49,6 +51,9 @@ struct Line {
   std::int32_t lastX() const;
   std::int32_t lastY() const;
 };
+
+/// Whether the cursor is on the line's last box.
+bool isAtEnd(const CTavrel& engine, const Line& line);
 
 }  // namespace tavrel
 

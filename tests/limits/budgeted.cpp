@@ -1,4 +1,4 @@
-// Counts what operations cost on two fixed flowcharts, a small one and a big one.
+// Counts what operations cost on three fixed flowcharts: small, big, and winding.
 //
 //     budgeted --charts        writes the flowcharts into the working directory
 //     budgeted --list          the measures, a name on each line
@@ -86,7 +86,7 @@ void countFinds(const EngineOn& engine, const std::vector<Place>& places, bool a
 }
 
 // The places in the bounds of the line's cells that hold one, or those that don't, row
-// by row, or as the line passes them.
+// by row.
 std::vector<Place> placesOf(const EngineOn& engine, bool areHeld) {
   std::vector<Place> places;
   for (std::int32_t y = (*engine).mGetCurrentFlowchartMinY();
@@ -129,7 +129,7 @@ void countMoves(const Line& line, const std::string& name) {
   countPer(line.cells() - 1, name, "cell", [&] {
     for (std::size_t box = 1; box < boxes; ++box) engine->mMoveYes();
   });
-  require(engine->mCurrentLocation().m_y == line.lastY(), name);
+  require(isAtEnd(*engine, line), name);
 }
 
 void countMovesOnPath(const std::string& name) {
@@ -139,7 +139,7 @@ void countMovesOnPath(const std::string& name) {
   countPer(big.cells() - 1, name, "cell", [&] {
     for (std::size_t box = 1; box < boxes; ++box) engine->mMoveOnPath();
   });
-  require(engine->mCurrentLocation().m_y == big.lastY(), name);
+  require(isAtEnd(*engine, big), name);
 }
 
 void countMarking(const std::string& name) {

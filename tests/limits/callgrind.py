@@ -3,10 +3,14 @@ every machine of one architecture."""
 
 import os
 import subprocess
+import sys
 import tempfile
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 from typing import Sequence
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "verify"))
+import stepkit  # noqa: E402
 
 # The C library picks its variant of memcpy, memchr and so on by the processor: these
 # settings leave it the plain one. Caches decide from where on it copies otherwise.
@@ -30,6 +34,14 @@ ENVIRONMENT = {"PATH": "/usr/bin:/bin", "LC_ALL": "C", "LD_BIND_NOW": "1",
 
 class CannotCount(Exception):
     """Callgrind or the counted program failed; the text is what they said."""
+
+
+def build(folder: Path, *programs: str) -> Path:
+    """Builds programs of this folder as the release is; returns where they are."""
+    stepkit.install("g++", "valgrind")
+    stepkit.run(["cmake", "--preset", "release", "-B", folder])
+    stepkit.run(["cmake", "--build", folder, "--target", *programs])
+    return folder / "tests/limits"
 
 
 def count(program: Path, names: Sequence[str], directory: Path) -> dict[str, int]:
@@ -86,5 +98,4 @@ def processors() -> int:
 
 def names_of(program: Path) -> list[str]:
     """What the program can count."""
-    done = subprocess.run([program, "--list"], check=True, stdout=subprocess.PIPE, text=True)
-    return done.stdout.splitlines()
+    return stepkit.run([program, "--list"]).splitlines()

@@ -11,7 +11,7 @@ namespace {
 
 enum class Wanted { first, last, missing };
 
-// Boxes at distances of `gap`, the last of them twice as far from its neighbour.
+// Connector cells at distances of `gap`.
 struct Row {
   const char* name;
   std::int64_t gap;

@@ -29,7 +29,7 @@ void list() {
   for (const Measure& measure : growthMeasures()) std::cout << measure.name << '\n';
 }
 
-// The names that callgrind writes: "a single find, along a row|8000".
+// The names that callgrind writes: "a find: a row with gaps, last|8000".
 void count(const Measure& measure) {
   for (const std::size_t times : {std::size_t{1}, std::size_t{2}, std::size_t{4}}) {
     const std::size_t size = times * measure.size;

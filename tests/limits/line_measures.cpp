@@ -9,16 +9,12 @@
 #include "tests/limits/Measures.h"
 #include "tests/support/EngineAccess.h"
 #include "tests/support/Files.h"
+#include "tests/support/GridMoves.h"
 
 namespace tavrel {
 namespace {
 
 using Operation = void (*)(CTavrel& engine, const Line& line, const std::string& label);
-
-bool isAtEnd(const CTavrel& engine, const Line& line) {
-  const sFlowchartNameAndCoordinates location = engine.mCurrentLocation();
-  return location.m_x == line.lastX() && location.m_y == line.lastY();
-}
 
 std::size_t marksOf(const CTavrel& engine) {
   std::size_t marked = 0;
@@ -34,19 +30,6 @@ void moveYes(CTavrel& engine, const Line& line, const std::string& label) {
     for (std::size_t box = 1; box < boxes; ++box) engine.mMoveYes();
   });
   require(isAtEnd(engine, line), label);
-}
-
-void moveOnGrid(CTavrel& engine, std::int32_t direction) {
-  switch (direction) {
-    case eYPlus:
-      return engine.mMoveYPlus();
-    case eXPlus:
-      return engine.mMoveXPlus();
-    case eYMinus:
-      return engine.mMoveYMinus();
-    default:
-      return engine.mMoveXMinus();
-  }
 }
 
 // Against the line: each box is entered from the side opposite to its last step.
@@ -109,6 +92,7 @@ void allElements(CTavrel& engine, const Line& line, const std::string& label) {
 }
 
 void rowIndex(CTavrel& engine, const Line& line, const std::string& label) {
+  EngineAccess::rowElementIndices(engine).at(0).clear();
   counted(label, [&] { engine.mBuildFCFindHelper(0); });
   require(EngineAccess::rowElementIndices(engine).at(0).size() == line.cells(), label);
 }
