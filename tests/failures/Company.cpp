@@ -33,14 +33,6 @@ Parting askBoth(const Request& request, Plain& plain, Real& real) {
   return textOf(differenceAtCursor(plain.engine, real.engine()));
 }
 
-Request requestFor(What what, std::int64_t index = 0, const std::string& text = "") {
-  Request request;
-  request.what = what;
-  request.numbers[0] = index;
-  request.text = text;
-  return request;
-}
-
 }  // namespace
 
 Parting Company::ask(const Request& request) {
@@ -66,19 +58,21 @@ Parting Company::lookEverywhere() {
   return textOf(differenceAnywhere(plainNavigator_.engine, navigator_.engine()));
 }
 
-Request startRequest(std::int32_t index, const std::string& answers) {
-  return requestFor(What::startNewPath, index, answers);
-}
-
 std::vector<Request> conversationAbout(std::int32_t index) {
   return {
-      startRequest(index, "ynyn"),     requestFor(What::allElements),
-      requestFor(What::bounds),        requestFor(What::intro, index),
-      requestFor(What::moveAlongPath), requestFor(What::moveBack),
-      requestFor(What::moveAlongPath), requestFor(What::moveAlongPath),
-      requestFor(What::moveNo),        requestFor(What::reset, index),
-      requestFor(What::moveYes),       requestFor(What::moveXMinus),
-      requestFor(What::commentary),
+      reference::startRequest(index, "ynyn"),
+      {What::allElements},
+      {What::bounds},
+      {What::intro, 0, {index}},
+      {What::moveAlongPath},
+      {What::moveBack},
+      {What::moveAlongPath},
+      {What::moveAlongPath},
+      {What::moveNo},
+      reference::resetRequest(index),
+      {What::moveYes},
+      {What::moveXMinus},
+      {What::commentary},
   };
 }
 

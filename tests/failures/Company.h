@@ -57,9 +57,6 @@ class Company {
   reference::FacadeRespondent navigator_;
 };
 
-/// The selection of a flowchart with answers for it.
-reference::Request startRequest(std::int32_t index, const std::string& answers);
-
 /// A conversation about a flowchart: selected, walked, asked for all that it holds.
 std::vector<reference::Request> conversationAbout(std::int32_t index);
 

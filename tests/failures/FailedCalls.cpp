@@ -1,8 +1,5 @@
 #include "tests/failures/FailedCalls.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <filesystem>
 #include <functional>
@@ -14,17 +11,27 @@
 #include "tests/failures/SmallCharts.h"
 #include "tests/reference/ChartFiles.h"
 #include "tests/reference/State.h"
+#include "tests/support/Descriptors.h"
 
 namespace tavrel {
 namespace {
 
 using Which = FailingAllocations::Which;
 
-// The file descriptor that the system gives next: another one if a file was left open.
-int nextDescriptor() {
-  const int descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
-  close(descriptor);
-  return descriptor;
+/// Calls `failOne` for each allocation in turn, alone and with all after it, until it says
+/// that the allocation was no longer reached. A call that never says so is a finding.
+template <typename FailOne>
+void failEach(const std::string& what, const FailOne& failOne, Tally& tally) {
+  constexpr long mostAllocations = 10000;
+  for (const Which which : {Which::one, Which::allFromThere}) {
+    for (long n = 0; failOne(n, which); ++n) {
+      ++tally.tried;
+      if (n < mostAllocations) continue;
+      tally.findings.push_back(what + ": more than " + std::to_string(mostAllocations) +
+                               " allocations");
+      break;
+    }
+  }
 }
 
 // The directory as an engine wants it.
@@ -82,9 +89,8 @@ class Case {
 
   void tryAll(Tally& tally) {
     ++tally.calls;
-    for (const Which which : {Which::one, Which::allFromThere}) {
-      for (long n = 0; tryOne(n, which, tally); ++n) ++tally.tried;
-    }
+    failEach(
+        name(), [&](long n, Which which) { return tryOne(n, which, tally); }, tally);
   }
 
  private:
@@ -126,7 +132,7 @@ class Case {
     if (finding.empty() && bytesInUse() != held) finding = "memory is still allocated";
     if (nextDescriptor() != descriptor) finding += " a file is still open";
     if (!finding.empty()) report(n, which, finding, tally);
-    return isReached && n < 10000;
+    return isReached;
   }
 
   std::string findingOf(long n, Which which, bool& isReached) const {
@@ -169,10 +175,11 @@ class Case {
     return isReached && filesNeedMemory() && answer == missing_.answer && seen.isMissing;
   }
 
+  std::string name() const { return call_.name + ", on " + situation_.name; }
+
   void report(long n, Which which, const std::string& finding, Tally& tally) const {
-    tally.findings.push_back(call_.name + ", on " + situation_.name + ", allocation " +
-                             std::to_string(n) + (which == Which::one ? "" : " and all after it") +
-                             ": " + finding);
+    tally.findings.push_back(name() + ", allocation " + std::to_string(n) +
+                             (which == Which::one ? "" : " and all after it") + ": " + finding);
   }
 
   reference::TemporaryFiles& files_;
@@ -246,12 +253,11 @@ void failConstructionOf(Tally& tally) {
   writeNeighbours(files.directory());
   files.write("Opening", smallCharts()[0]);
   makeWhatIsMadeOnce<Subject>();
-  for (const Which which : {Which::one, Which::allFromThere}) {
-    ++tally.calls;
-    for (long n = 0; failOneConstruction<Subject>(files, n, which, tally); ++n) {
-      ++tally.tried;
-    }
-  }
+  ++tally.calls;
+  failEach(
+      "construction",
+      [&](long n, Which which) { return failOneConstruction<Subject>(files, n, which, tally); },
+      tally);
 }
 
 }  // namespace

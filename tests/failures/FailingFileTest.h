@@ -13,10 +13,13 @@
 #include "tests/failures/Company.h"
 #include "tests/failures/SmallCharts.h"
 #include "tests/reference/ChartFiles.h"
+#include "tests/support/Descriptors.h"
 #include "tests/support/Files.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace tavrel {
+
+using reference::startRequest;
 
 class FailingFileTest : public testing::Test {
  protected:
@@ -25,8 +28,14 @@ class FailingFileTest : public testing::Test {
     writeNeighbours(plain.directory());
   }
   // A read that waits for ever ends the program.
-  void SetUp() override { alarm(60); }
-  void TearDown() override { alarm(0); }
+  void SetUp() override {
+    descriptor_ = nextDescriptor();
+    alarm(60);
+  }
+  void TearDown() override {
+    alarm(0);
+    EXPECT_EQ(nextDescriptor(), descriptor_) << "a file is still open";
+  }
 
   const std::string& chart() const { return smallCharts()[0]; }
 
@@ -58,6 +67,9 @@ class FailingFileTest : public testing::Test {
   TemporaryDirectory directory;
   const std::filesystem::path file = directory.chart("Opening");
   reference::TemporaryFiles plain;
+
+ private:
+  int descriptor_ = -1;
 };
 
 }  // namespace tavrel

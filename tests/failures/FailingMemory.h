@@ -1,5 +1,5 @@
 // Memory that is refused: by the operators new, or below them by malloc itself. A program
-// links tavrel_test_allocations for the one, tavrel_failing_malloc for the other.
+// links tavrel_test_allocations and operators.cpp for the one, malloc.cpp for the other.
 
 #ifndef TAVREL_TESTS_FAILURES_FAILINGMEMORY_H
 #define TAVREL_TESTS_FAILURES_FAILINGMEMORY_H

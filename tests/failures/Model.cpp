@@ -15,15 +15,10 @@ std::vector<sScreenElement> recordsOf(const std::vector<PlainElement>& plain) {
   return records;
 }
 
-// The client interface takes any number that is no direction for one toward larger x.
-std::int32_t knownDirection(std::int32_t number) {
-  return number >= eYPlus && number <= eXMinus ? number : std::int32_t{eXPlus};
-}
-
 }  // namespace
 
 Model::Model(const std::string& prefix, reference::ChartFiles& files)
-    : engine_(prefix, files, behaviours_) {}
+    : navigator_(prefix, files, behaviours_) {}
 
 std::vector<std::string> Model::mGetVectorOfFlowchartTitles() const { return engine_.titles(); }
 
@@ -59,22 +54,8 @@ std::vector<sScreenElement> Model::mGetElementsInBoundaries(std::int32_t minX, s
 
 sScreenElement Model::currentElement() const { return mGetXYElement(engine_.x, engine_.y); }
 
-void Model::moveWithDirection(std::int32_t direction) {
-  if (direction != eNoDirection) engine_.moveOnGrid(knownDirection(direction));
-}
-
-void Model::moveBack() {
-  const std::int32_t x = engine_.x, y = engine_.y;
-  for (const PlainElement& box : engine_.elementsIn(x - 1, x + 1, y - 1, y + 1)) {
-    if (!box.isNode) continue;
-    for (const std::int32_t stored : {box.yes, box.no}) {
-      if (stored == eNoDirection) continue;
-      const std::int32_t exit = knownDirection(stored);
-      const std::int32_t nextX = box.x + engine_.stepX(exit), nextY = box.y + engine_.stepY(exit);
-      engine_.elementAt(nextX, nextY);
-      if (nextX == x && nextY == y) return moveWithDirection((exit + 2) % 4);
-    }
-  }
+std::string Model::debugDescription() {
+  return navigator_.descriptionOf(engine_.elementAt(engine_.x, engine_.y));
 }
 
 bool Model::isRead(std::int32_t index) const {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "engine/CTavrel.h"
-#include "tests/reference/PlainEngine.h"
+#include "tests/reference/PlainNavigator.h"
 
 namespace tavrel {
 
@@ -47,8 +47,9 @@ class Model {
                                                        std::int32_t minY, std::int32_t maxY) const;
 
   sScreenElement currentElement() const;
-  void moveWithDirection(std::int32_t direction);
-  void moveBack();
+  std::string debugDescription();
+  void moveWithDirection(std::int32_t direction) { navigator_.moveWithDirection(direction); }
+  void moveBack() { navigator_.moveBack(); }
 
   /// The flowchart that is current, or -1.
   std::int32_t current() const { return engine_.current; }
@@ -60,7 +61,8 @@ class Model {
 
  private:
   reference::Behaviours behaviours_;
-  reference::PlainEngine engine_;
+  reference::PlainNavigator navigator_;
+  reference::PlainEngine& engine_ = navigator_.engine;
 };
 
 }  // namespace tavrel

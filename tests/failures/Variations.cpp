@@ -64,7 +64,6 @@ class Trial {
       conversations_.push_back(conversationAbout(index));
     }
   }
-  ~Trial() { finish(); }
   Trial(const Trial&) = delete;
   Trial& operator=(const Trial&) = delete;
 
@@ -77,7 +76,7 @@ class Trial {
     if (!parting.empty() || ++next_ == conversations_.size()) finish();
   }
 
- private:
+  /// Looks at all that was read since the last look. REQUIRES: called after the last file.
   void finish() {
     if (!company_) return;
     const Parting parting = company_->lookEverywhere();
@@ -86,6 +85,7 @@ class Trial {
     next_ = 0;
   }
 
+ private:
   void report(const Parting& parting, const std::string& file) {
     tally_.findings.push_back(parting + "\n" + file);
   }
@@ -113,6 +113,7 @@ Tally tryChangedBytes(const Share& share) {
       }
     }
   }
+  trial.finish();
   return tally;
 }
 
@@ -125,6 +126,7 @@ Tally tryPrefixes(const Share& share) {
       if (share.takes(number++)) trial.tryFile(chart.substr(0, size));
     }
   }
+  trial.finish();
   return tally;
 }
 

@@ -159,25 +159,19 @@ Call directedMoveCall(std::int32_t direction) {
       [direction](Tavrel& on) { on.moveWithDirection(direction); });
 }
 
-/// What a navigator's current element says of itself.
+Call descriptionCall() {
+  return facadeCall(
+      "debugDescription", [](Model& on) { return on.debugDescription(); },
+      [](Tavrel& on) { return on.currentElement().debugDescription(); });
+}
+
+/// Something that a navigator's current element has.
 template <typename Describe>
 Call elementTextCall(const std::string& name, Describe describe) {
   return facadeCall(
       name, [describe](Model& on) { return describe(on.currentElement()); },
       [describe](Tavrel& on) { return describe(on.currentElement()); });
 }
-
-std::string debugText(const sScreenElement& element) {
-  std::string kind = "line";
-  if (element.m_isNode) {
-    std::string lines;
-    for (const std::string& line : element.m_boxText) lines += (lines.empty() ? "" : " ") + line;
-    kind = "node \"" + lines + "\"";
-  }
-  return "<ScreenElement " + kind + (element.m_isOnPath ? " onPath" : "") + " @" +
-         std::to_string(element.m_x) + "," + std::to_string(element.m_y) + ">";
-}
-std::string debugText(const ScreenElement& element) { return element.debugDescription(); }
 
 std::string nextName(const sScreenElement& element) { return element.m_newFlowchartName; }
 std::string nextName(const ScreenElement& element) {
@@ -232,7 +226,7 @@ std::vector<Call> queryCalls() {
       elementsCall(9),
       elementsCall(0),
       currentElementCall(),
-      elementTextCall("debugDescription", [](const auto& element) { return debugText(element); }),
+      descriptionCall(),
       elementTextCall("nameOfNextFlowchart", [](const auto& element) { return nextName(element); }),
       elementTextCall("boxText", [](const auto& element) { return boxText(element); }),
       elementTextCall("commentaryText", [](const auto& element) { return commentary(element); }),

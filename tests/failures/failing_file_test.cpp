@@ -83,7 +83,6 @@ TEST_F(FailingFiles, ALinkToItself) {
 
 TEST_F(FailingFiles, AFileInTheDirectorysPlace) {
   writeFile(directory.path() / "file", chart());
-  for (const char* name : {"Leben", "RespNT"}) plain.remove(name);
   reference::TemporaryFiles nothing;
   Company company((directory.path() / "file").string(), nothing);
   EXPECT_EQ(company.ask(conversationAbout(opening)), "");
@@ -193,20 +192,6 @@ TEST_F(FailingFiles, NoDescriptorLeft) {
             "");
   plain.write("Opening", chart());
   EXPECT_EQ(company.ask(conversationAbout(opening)), "");
-}
-
-TEST_F(FailingFiles, AndEmptyOnesLeaveNoFileOpen) {
-  const auto nextDescriptor = [] {
-    const int descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    close(descriptor);
-    return descriptor;
-  };
-  const int before = nextDescriptor();
-  for (const std::string& bytes : {std::string(), chart(), std::string("h\nh\n0\n0\n-1\n")}) {
-    writeFile(file, bytes);
-    expectRead(bytes);
-  }
-  EXPECT_EQ(nextDescriptor(), before);
 }
 
 // --- Bytes ------------------------------------------------------------------------

@@ -1,7 +1,6 @@
 // A share of the failures that failing_allocations and failing_mallocs try all of.
 
-#include <gtest/gtest.h>
-
+#include "tests/failures/ExpectFine.h"
 #include "tests/failures/FailedCalls.h"
 #include "tests/reference/ChartFiles.h"
 
@@ -11,11 +10,6 @@ namespace {
 class FailingMemory : public testing::Test {
  protected:
   FailingMemory() { reference::keepTemporaryFilesInMemory(); }
-
-  static void expectFine(const Tally& tally, long atLeast) {
-    EXPECT_GE(tally.tried, atLeast);
-    for (const std::string& finding : tally.findings) ADD_FAILURE() << finding;
-  }
 };
 
 TEST_F(FailingMemory, InCallsOfTheEngineLeavesAllOrNothing) {

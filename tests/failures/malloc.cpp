@@ -18,16 +18,12 @@ void __libc_free(void* memory);
 
 namespace {
 
-long untilFailure = -1;  // negative: none fails
-bool failOn = false;     // the allocations after the one that fails
-bool hasFailed = false;
 std::size_t inUse = 0;
 
 bool mustFail() {
-  if (untilFailure < 0 || untilFailure-- > 0) return false;
-  if (failOn) untilFailure = 0;
+  if (!tavrel::FailingAllocations::nextMustFail()) return false;
   errno = ENOMEM;
-  return hasFailed = true;
+  return true;
 }
 
 void* counted(void* memory) {
@@ -79,15 +75,5 @@ namespace tavrel {
 bool filesNeedMemory() { return true; }
 
 std::size_t bytesInUse() { return inUse; }
-
-FailingAllocations::FailingAllocations(long n, Which which) {
-  hasFailed = false;
-  failOn = which == Which::allFromThere;
-  untilFailure = n;
-}
-
-FailingAllocations::~FailingAllocations() { untilFailure = -1; }
-
-bool FailingAllocations::wereReached() const { return hasFailed; }
 
 }  // namespace tavrel

@@ -15,7 +15,7 @@ SANITIZED = "-O1 -g -fsanitize=address,undefined -fno-sanitize-recover=all"
 
 
 @dataclass
-class Outcome:
+class Run:
     """What one run of a program came to: its rows, by what was tried, and its status."""
 
     rows: dict[str, tuple[str, str]]
@@ -40,13 +40,13 @@ def environment() -> dict[str, str]:
     return {**os.environ, "TMPDIR": memory}
 
 
-def run(command: list[str], log: Path) -> Outcome:
+def run(command: list[str], log: Path) -> Run:
     stepkit.say(f"running {Path(command[0]).name} {' '.join(command[1:])}")
     done = subprocess.run(command, env=environment(), stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, text=True, errors="replace")
     log.write_text(done.stdout, encoding="utf-8")
     fields = [line.split("\t") for line in done.stdout.splitlines() if line.startswith("row\t")]
-    return Outcome({row[1]: (row[2], row[3]) for row in fields if len(row) == 4}, done.returncode)
+    return Run({row[1]: (row[2], row[3]) for row in fields if len(row) == 4}, done.returncode)
 
 
 def sum_of(counts: list[str]) -> str:
@@ -64,25 +64,26 @@ def run_shares(step: stepkit.Step, label: str, program: Path, every: int) -> boo
     logs = [step.work / f"{program.name}{label and '-' + label}-{part}.log" for part in range(2)]
     commands = [[str(program), str(part), str(every)] for part in range(2)]
     with ThreadPoolExecutor(2) as pool:
-        outcomes = list(pool.map(run, commands, logs))
+        runs = list(pool.map(run, commands, logs))
     fine = True
-    for what in dict.fromkeys(what for outcome in outcomes for what in outcome.rows):
-        counts = [outcome.rows[what][0] for outcome in outcomes if what in outcome.rows]
-        results = [outcome.rows[what][1] for outcome in outcomes if what in outcome.rows]
+    for what in dict.fromkeys(what for each in runs for what in each.rows):
+        counts = [each.rows[what][0] for each in runs if what in each.rows]
+        results = [each.rows[what][1] for each in runs if what in each.rows]
         bad = [result for result in results if result != "ok"]
         shortfall = f"{bad[0]}, see {logs[0].parent}/{program.name}*.log" if bad else ""
         fine &= stepkit.row(what + (f", {label}" if label else ""), sum_of(counts), shortfall)
-    for outcome, log in zip(outcomes, logs):
-        if outcome.status != 0 and all(result == "ok" for _, result in outcome.rows.values()):
-            fine &= stepkit.row(program.name, 0, f"ended with status {outcome.status}, see {log}")
+    for each, log in zip(runs, logs):
+        is_silent = not each.rows or each.status not in (0, 1)
+        if is_silent or (each.status and all(result == "ok" for _, result in each.rows.values())):
+            fine &= stepkit.row(program.name, 0, f"ended with status {each.status}, see {log}")
     return fine
 
 
 def run_tests(step: stepkit.Step, label: str, what: str, program: Path) -> bool:
     """Runs a GoogleTest program and prints a row for it."""
     log = step.work / f"{program.name}{label and '-' + label}.log"
-    outcome = run([str(program)], log)
+    ended = run([str(program)], log)
     passed = re.search(r"\[  PASSED  \] (\d+) test", log.read_text(encoding="utf-8"))
     count = int(passed.group(1)) if passed else 0
-    shortfall = "" if outcome.status == 0 and count > 0 else f"see {log}"
+    shortfall = "" if ended.status == 0 and count > 0 else f"see {log}"
     return stepkit.row(what + (f", {label}" if label else ""), f"{count} tests", shortfall)

@@ -32,16 +32,6 @@ class WithoutMemory : public EngineTest {
   }
 };
 
-TEST_F(WithoutMemory, AReadBeyondTheExtentClearsTheOldMarkAndKeepsTheAnswers) {
-  engine.mStartNewPath(0, "n");
-  write(ChartFile().intro({"New"}).box(0, 0, "Root").box(0, 16777216, "Far"));
-  ASSERT_EQ(describe(engine), "0 Opening 0,0 #0 path=\"n\" marks=0");
-  EXPECT_EQ(typeThrown([this] { engine.mStartNewPath(0, answers); }), "length_error");
-  EXPECT_EQ(describe(engine), "0 Opening 0,0 #0 path=\"n\" marks=");
-  EXPECT_EQ(chart(), unreadChart);
-  EXPECT_EQ(describe(elements().at(0)), placeholder);
-}
-
 TEST_F(WithoutMemory, ThereIsStillTheExceptionOfAMoveIntoAnEmptyCell) {
   select(ChartFile().box(0, 0, "Root", xPlus, yPlus).line(0, 1, yPlus, yPlus));
   engine.mStartNewPath(0, "");
@@ -61,16 +51,6 @@ TEST_F(WithoutMemory, ThereIsStillTheExceptionOfALookAtAnEmptyCell) {
   select(wholeChart());
   expectWithoutMemory([this] { engine.mGetXYElement(5, 0); }, "out_of_range");
   expectWithoutMemory([this] { engine.mGetXYElement(0, -1); }, "out_of_range");
-}
-
-TEST_F(WithoutMemory, TheExceptionsSayWhatIsWrong) {
-  select(wholeChart());
-  EXPECT_EQ(textThrown<std::out_of_range>([this] { engine.mGetXYElement(5, 0); }),
-            "CTavrel: nothing stands there");
-  write(ChartFile().box(0, 0, "Root").box(0, 16777216, "Far"));
-  CTavrel fresh(directory.prefix());
-  EXPECT_EQ(textThrown<std::length_error>([&] { fresh.mSetStartLocation(0); }),
-            "CTavrel: no flowchart can have this size");
 }
 
 TEST_F(WithoutMemory, ThereIsStillTheExceptionOfALinkToAnUnknownName) {

@@ -8,7 +8,7 @@
 namespace tavrel::fuzz {
 namespace {
 
-constexpr int noExit = 4;
+constexpr int noDirection = 4;
 
 // Where the kinds of strokes begin.
 enum : std::uint8_t {
@@ -89,14 +89,14 @@ void ChartPen::draw(std::uint8_t stroke) {
 // The pen goes on along the yes exit; where there is none, along the no exit.
 void ChartPen::drawBox(int yes, int no) {
   const auto exit = [this](std::size_t which, int direction) {
-    return isOdd_[which] ? oddDirections_[which] : direction == noExit ? -1 : direction;
+    return isOdd_[which] ? oddDirections_[which] : direction == noDirection ? -1 : direction;
   };
   appendNumbers(boxes_, {nodeOfNextBox(), pen_.x, pen_.y, 0, 0, exit(0, yes), exit(1, no)});
   ++boxCount_;
   isOdd_ = {};
   lastPlace_ = lastBox_ = pen_;
   lastNo_ = no;
-  move(yes == noExit ? no : yes);
+  move(yes == noDirection ? no : yes);
 }
 
 void ChartPen::drawLine(int into, int outOf) {

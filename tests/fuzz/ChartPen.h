@@ -13,8 +13,11 @@
 
 namespace tavrel::fuzz {
 
+/// How many flowcharts a dialogue gives files to.
+constexpr std::size_t chartsOfDialogue = 3;
+
 /// The file names of the flowcharts that a dialogue is about; the last has no file.
-using Names = std::array<std::string, 4>;
+using Names = std::array<std::string, chartsOfDialogue + 1>;
 
 class ChartPen {
  public:

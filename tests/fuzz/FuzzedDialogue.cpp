@@ -13,24 +13,12 @@ namespace {
 
 using reference::Dialogue;
 using reference::Front;
+using reference::removeRequest;
 using reference::Request;
-using reference::What;
+using reference::writeRequest;
 
 constexpr std::uint8_t endOfChart = 255;
 constexpr std::uint8_t rawFile = 254;  // as the first byte of a chart
-
-Request toWrite(const std::string& name, std::string file) {
-  Request request = {What::writeChart};
-  request.text = name;
-  request.file = std::move(file);
-  return request;
-}
-
-Request toRemove(const std::string& name) {
-  Request request = {What::removeChart};
-  request.text = name;
-  return request;
-}
 
 std::string rest(Bytes& bytes, std::uint8_t first) {
   std::string all;
@@ -43,7 +31,7 @@ std::string rest(Bytes& bytes, std::uint8_t first) {
 
 // A tall one is left to the target `reader`.
 Request rawChart(const std::string& name, std::string file) {
-  return mayBeTall(file) ? toRemove(name) : toWrite(name, std::move(file));
+  return mayBeTall(file) ? removeRequest(name) : writeRequest(name, std::move(file));
 }
 
 Request drawChart(Bytes& bytes, const Names& names, std::size_t which) {
@@ -53,7 +41,7 @@ Request drawChart(Bytes& bytes, const Names& names, std::size_t which) {
   for (; stroke != endOfChart; stroke = bytes.areAtEnd() ? endOfChart : bytes.take()) {
     pen.draw(stroke);
   }
-  return pen.hasFile() ? toWrite(names[which], pen.text()) : toRemove(names[which]);
+  return pen.hasFile() ? writeRequest(names[which], pen.text()) : removeRequest(names[which]);
 }
 
 Names namesFrom(std::size_t firstChart) {
@@ -64,15 +52,6 @@ Names namesFrom(std::size_t firstChart) {
 }
 
 }  // namespace
-
-const std::vector<std::string>& catalogueNames() {
-  static const std::vector<std::string> names = [] {
-    std::vector<std::string> all;
-    for (const CatalogueEntry& entry : catalogue) all.emplace_back(entry.fileName);
-    return all;
-  }();
-  return names;
-}
 
 Front frontOf(const std::uint8_t* data, std::size_t size) {
   return Bytes(data, size).take() % 4 == 3 ? Front::engine : Front::facade;

@@ -14,11 +14,6 @@
 
 namespace tavrel::fuzz {
 
-constexpr std::size_t chartsOfDialogue = 3;
-
-/// The file names of the catalogue.
-const std::vector<std::string>& catalogueNames();
-
 /// Decodes an input. Its flowcharts are those from `firstChart` of the catalogue on, and
 /// are written, or removed, by the first requests. The navigator is 0, and is thought to be
 /// there; the catalogue's last flowchart is thought to have no file. Any bytes are a

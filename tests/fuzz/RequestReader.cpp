@@ -91,9 +91,7 @@ Request RequestReader::readAbout(What what, int choice) {
       request.text = name();
       return request;
     case What::startNewPath:
-      request.numbers[0] = index(choice);
-      request.text = answers();
-      return request;
+      return reference::startRequest(index(choice), answers());
     default:
       readNumbers(request, choice);
       return request;
@@ -139,17 +137,18 @@ void RequestReader::readNumbers(Request& request, int choice) {
 
 // The file, or the lack of one, that some flowchart of the dialogue began with.
 Request RequestReader::chartAnew(int choice) const {
-  const auto chart = static_cast<std::size_t>(choice % 3);
-  const auto other = static_cast<std::size_t>(choice / 3 % 4);
-  Request request = {What::removeChart};
-  if (other < 3) request = charts_.requests[other];
-  request.text = names_[chart];
+  const auto all = static_cast<std::size_t>(choice);
+  const std::string& name = names_[all % chartsOfDialogue];
+  const std::size_t other = all / chartsOfDialogue % names_.size();
+  if (other == chartsOfDialogue) return reference::removeRequest(name);
+  Request request = charts_.requests[other];
+  request.text = name;
   return request;
 }
 
 // Five times out of six a flowchart of the dialogue.
 std::int64_t RequestReader::index(int choice) const {
-  if (choice % 6 < 5) return firstChart_ + choice % 6 % 3;
+  if (choice % 6 < 5) return firstChart_ + choice % 6 % static_cast<int>(chartsOfDialogue);
   const bool isForEngine = charts_.front == Front::engine;
   const std::array<std::int64_t, 5> others = {catalogueSize - 1, -1, catalogueSize,
                                               firstChart_ + (isForEngine ? 0 : beyond32Bits),

@@ -28,7 +28,6 @@ class RequestReader {
  private:
   using What = reference::What;
 
-  What offered(What what) const;
   reference::Request readAbout(What what, int choice);
   void readNumbers(reference::Request& request, int choice);
   reference::Request chartAnew(int choice) const;

@@ -1,5 +1,5 @@
-// The same conversations, every answer and the whole state compared with the plain
-// reference.
+// The conversations of conversation_fuzzer.cpp, every answer and the whole state compared
+// with the plain reference.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,20 +9,20 @@
 #include "tests/fuzz/FuzzedDialogue.h"
 #include "tests/fuzz/MemoryChartFiles.h"
 #include "tests/reference/Comparison.h"
+#include "tests/unit/Catalogue.h"
 
 namespace tavrel::fuzz {
 namespace {
 
 using reference::Dialogue;
-using reference::Request;
 using reference::What;
 
 // The navigator that the requests are put to, which has selected the flowchart without a
 // file; as in the target `conversation`, but made for this dialogue.
 Dialogue withNavigator(const Dialogue& dialogue) {
-  Dialogue whole = {dialogue.front, {{What::makeNavigator}, {What::startNewPath}}};
+  const auto last = static_cast<std::int64_t>(catalogue.size()) - 1;
+  Dialogue whole = {dialogue.front, {{What::makeNavigator}, reference::startRequest(last)}};
   whole.requests[0].text = "{here}/";
-  whole.requests[1].numbers[0] = static_cast<std::int64_t>(catalogueNames().size()) - 1;
   whole.requests.insert(whole.requests.end(), dialogue.requests.begin(), dialogue.requests.end());
   return whole;
 }

@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <string>
 
+#include "tests/fuzz/ChartPen.h"
 #include "tests/fuzz/Finding.h"
 #include "tests/fuzz/FuzzedDialogue.h"
 #include "tests/fuzz/MemoryFiles.h"
 #include "tests/fuzz/Navigators.h"
 #include "tests/reference/Navigators.h"
+#include "tests/unit/Catalogue.h"
 
 namespace tavrel::fuzz {
 namespace {
@@ -95,15 +97,13 @@ void play(const Dialogue& dialogue, Navigators<Navigator>& navigators) {
 
 // Puts the cursor on the flowchart without a file, with no answers left over.
 void beginAt(Respondent& navigator, std::size_t last) {
-  Request request = {What::startNewPath};
-  request.numbers[0] = static_cast<std::int64_t>(last);
-  navigator.ask(request);
+  navigator.ask(reference::startRequest(static_cast<std::int64_t>(last)));
 }
 
 template <typename Navigator>
 Navigators<Navigator>& navigators() {
   static Navigators<Navigator> all(
-      catalogueNames().size(), chartsOfDialogue,
+      catalogue.size(), chartsOfDialogue,
       [](Navigator& navigator, std::size_t last) { beginAt(navigator, last); });
   return all;
 }

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace tavrel::reference {
@@ -17,7 +18,7 @@ std::string TemporaryFiles::pathOf(const std::string& name) const {
 }
 
 void TemporaryFiles::write(const std::string& name, const std::string& bytes) {
-  if (!written_.insert(name).second) remove(name);
+  remove(name);
   written_.insert(name);
   std::ofstream file(pathOf(name), std::ios::binary);
   file << bytes;
@@ -26,7 +27,8 @@ void TemporaryFiles::write(const std::string& name, const std::string& bytes) {
 }
 
 void TemporaryFiles::remove(const std::string& name) {
-  if (written_.erase(name) > 0) std::filesystem::remove(pathOf(name));
+  written_.erase(name);
+  std::filesystem::remove(pathOf(name));
 }
 
 void TemporaryFiles::makeDirectory(const std::string& name) {
@@ -40,13 +42,14 @@ void TemporaryFiles::clear() {
   written_.clear();
 }
 
+// The whole file at once, so that none stays open.
 std::istream* TemporaryFiles::open(const std::string& path) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) return nullptr;
-  auto file = std::make_unique<std::ifstream>(path, std::ios::binary);
-  if (!file->is_open()) return nullptr;
-  stream_ = std::move(file);
-  return stream_.get();
+  std::ifstream file(path, std::ios::binary);
+  if (!file.is_open()) return nullptr;
+  stream_ = std::istringstream(std::string(std::istreambuf_iterator<char>(file), {}));
+  return &stream_;
 }
 
 void keepTemporaryFilesInMemory() {

@@ -4,8 +4,8 @@
 #define TAVREL_TESTS_REFERENCE_CHARTFILES_H
 
 #include <istream>
-#include <memory>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "tests/support/TemporaryDirectory.h"
@@ -50,7 +50,7 @@ class TemporaryFiles : public ChartFiles {
 
   TemporaryDirectory directory_;
   std::set<std::string> written_;
-  std::unique_ptr<std::istream> stream_;
+  std::istringstream stream_;
 };
 
 /// Sends temporary directories to memory, where the system has a place for that and

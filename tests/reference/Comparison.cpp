@@ -68,7 +68,10 @@ class Play {
 
   std::optional<Difference> step(const Request& request, std::size_t number) {
     if (performOnFiles(request)) return std::nullopt;
-    if (request.what == What::makeNavigator) return makeNavigator(request), std::nullopt;
+    if (request.what == What::makeNavigator) {
+      makeNavigator(request);
+      return std::nullopt;
+    }
     Pair& pair = pairs_.at(request.navigator);
     if (!pair.reference) return std::nullopt;
     const Reply expected = pair.reference->ask(request);
@@ -94,7 +97,10 @@ class Play {
   /// What the reference alone answers.
   Answer answer(const Request& request) {
     if (performOnFiles(request)) return {};
-    if (request.what == What::makeNavigator) return makeNavigator(request), Answer();
+    if (request.what == What::makeNavigator) {
+      makeNavigator(request);
+      return {};
+    }
     Pair& pair = pairs_.at(request.navigator);
     return pair.reference ? answerOf(request, pair.reference->ask(request)) : Answer();
   }
@@ -131,7 +137,7 @@ class Play {
   Front front_;
   ChartFiles& files_;
   Behaviours& met_;
-  std::array<Pair, 8> pairs_;
+  std::array<Pair, mostNavigators> pairs_;
 };
 
 }  // namespace

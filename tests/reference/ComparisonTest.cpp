@@ -14,16 +14,15 @@
 #include "tests/reference/PlainNavigator.h"
 #include "tests/reference/State.h"
 #include "tests/support/ChartFile.h"
+#include "tests/support/Conversation.h"
 #include "tests/support/EngineAccess.h"
+#include "tests/support/Thrown.h"
 
 namespace tavrel::reference {
 namespace {
 
 Request chart(const std::string& name, const ChartFile& file) {
-  Request request{What::writeChart};
-  request.text = name;
-  request.file = file.text();
-  return request;
+  return writeRequest(name, file.text());
 }
 
 Request navigator(Front front = Front::facade) {
@@ -74,6 +73,19 @@ TEST(Comparison, TakesADialogueThroughItsNotation) {
   }
 }
 
+TEST(Comparison, TakesNoMoreNavigatorsThanADialogueMayHave) {
+  std::string text = "Tavrel \"{here}\"\n";
+  for (std::size_t i = 1; i < mostNavigators; ++i) {
+    text += "another" + std::to_string(i) + " = Tavrel \"{here}\"\n";
+  }
+  TemporaryFiles files;
+  EXPECT_FALSE(compare(dialogueOf("eight", text), files));
+  EXPECT_FALSE(compare(dialogueOf("eight", text + "another1 = Tavrel \"{here}\"\n"), files));
+  EXPECT_EQ(textThrown<ConversationError>(
+                [&] { dialogueOf("nine", text + "another = Tavrel \"{here}\"\n"); }),
+            "nine:9: more than 8 navigators");
+}
+
 TEST(Comparison, MakesALongDialogueMinimal) {
   TemporaryFiles files;
   Dialogue dialogue;
@@ -82,9 +94,7 @@ TEST(Comparison, MakesALongDialogueMinimal) {
     Dialogue candidate = dialogueFrom(choices);
     if (candidate.front == Front::facade) dialogue = std::move(candidate);
   }
-  Request start{What::startNewPath};
-  start.text = "yn";
-  dialogue.requests.push_back(start);
+  dialogue.requests.push_back(startRequest(0, "yn"));
   dialogue.requests.push_back({What::moveYes});
   const Dialogue smallest = minimised(dialogue, isFaulty);
   ASSERT_EQ(smallest.requests.size(), 2u);
@@ -148,12 +158,32 @@ class States : public testing::Test {
 
 TEST_F(States, AreEqualAtFirst) { EXPECT_EQ(found(), ""); }
 
-TEST_F(States, DifferInTheCursor) {
-  plain.x = 1;
-  EXPECT_EQ(found(), "cursor");
-  plain.x = 0;
-  plain.path = "n";
-  EXPECT_EQ(found(), "cursor");
+TEST_F(States, DifferInEveryFieldOfTheCursor) {
+  const auto expectNoticed = [this](auto& field, const auto& other) {
+    const auto before = std::exchange(field, other);
+    EXPECT_EQ(found(), "cursor");
+    field = before;
+  };
+  expectNoticed(plain.x, 1);
+  expectNoticed(plain.y, 1);
+  expectNoticed(plain.current, 1);
+  expectNoticed(plain.element, 1);
+  expectNoticed(plain.name, "AOpening");
+  expectNoticed(plain.path, "n");
+  EXPECT_EQ(found(), "");
+}
+
+TEST_F(States, DifferInEveryBound) {
+  for (const auto bound :
+       {&PlainChart::minX, &PlainChart::maxX, &PlainChart::minY, &PlainChart::maxY}) {
+    ++(plain.charts[0].*bound);
+    EXPECT_EQ(found(), "bounds and marks");
+    --(plain.charts[0].*bound);
+    ++(plain.charts[7].*bound);
+    EXPECT_EQ(found(), "flowchart 7: bounds and marks");
+    --(plain.charts[7].*bound);
+  }
+  EXPECT_EQ(found(), "");
 }
 
 TEST_F(States, DifferInAMark) {
@@ -164,8 +194,6 @@ TEST_F(States, DifferInAMark) {
 TEST_F(States, DifferInAnotherFlowchart) {
   plain.charts[44].intro = {"Hello"};
   EXPECT_EQ(found(), "flowchart 44: introduction");
-  plain.charts[7].maxY = 1;
-  EXPECT_EQ(found(), "flowchart 7: bounds and marks");
 }
 
 TEST_F(States, DifferInEveryFieldOfAnElement) {
@@ -217,9 +245,7 @@ TEST(PlantedDifference, IsFoundAndMadeMinimalAndReplays) {
   Dialogue dialogue;
   dialogue.requests = {chart("Opening", twoBoxes()), chart("Slam", twoBoxes()), navigator()};
   for (int i = 0; i < 30; ++i) dialogue.requests.push_back({What::moveYes});
-  Request reset{What::reset};
-  reset.numbers[0] = 24;
-  dialogue.requests.push_back(reset);
+  dialogue.requests.push_back(resetRequest(24));
   for (int i = 0; i < 30; ++i) dialogue.requests.push_back({What::moveNo});
   dialogue.requests.push_back({What::allElements});
   const auto difference = compare(dialogue, files);

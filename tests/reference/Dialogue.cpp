@@ -1,5 +1,7 @@
 #include "tests/reference/Dialogue.h"
 
+#include <utility>
+
 #include "tests/reference/Notation.h"
 
 namespace tavrel::reference {
@@ -51,6 +53,18 @@ constexpr Form forms[] = {
 static_assert(sizeof forms / sizeof *forms == whatCount);
 
 }  // namespace
+
+Request startRequest(std::int64_t index, const std::string& answers) {
+  return {What::startNewPath, 0, {index}, answers};
+}
+
+Request resetRequest(std::int64_t index) { return {What::reset, 0, {index}}; }
+
+Request writeRequest(const std::string& name, std::string bytes) {
+  return {What::writeChart, 0, {}, name, std::move(bytes)};
+}
+
+Request removeRequest(const std::string& name) { return {What::removeChart, 0, {}, name}; }
 
 const Form& formOf(What what) { return forms[static_cast<std::size_t>(what)]; }
 

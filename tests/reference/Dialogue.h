@@ -59,13 +59,22 @@ enum class What : std::uint8_t {
 };
 constexpr std::size_t whatCount = static_cast<std::size_t>(What::stepY) + 1;
 
+/// How many navigators a dialogue may have.
+constexpr std::size_t mostNavigators = 8;
+
 struct Request {
   What what;
-  std::uint8_t navigator = 0;             ///< which of the navigators is asked, 0 or 1
+  std::uint8_t navigator = 0;  ///< which of the navigators is asked, below `mostNavigators`
   std::array<std::int64_t, 4> numbers{};  ///< index, x, y, edges of a rectangle ...
   std::string text = {};                  ///< answers, a name, the end of a directory's name
   std::string file = {};                  ///< the bytes of a chart
 };
+
+/// Those that are put most often, to navigator 0.
+Request startRequest(std::int64_t index, const std::string& answers = "");
+Request resetRequest(std::int64_t index);
+Request writeRequest(const std::string& name, std::string bytes);
+Request removeRequest(const std::string& name);
 
 struct Dialogue {
   Front front = Front::facade;

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/reference/Integers.h"
+
 namespace tavrel::reference {
 
 // The way to a navigator's engine: where a template is instantiated explicitly, the names of
@@ -16,10 +18,6 @@ struct Opened {
 template struct Opened<&Tavrel::engine_>;
 
 namespace {
-
-std::int32_t low32(std::int64_t value) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
-}
 
 ElementProperties raw(const sScreenElement& e) {
   return {e.m_isNode,          e.m_isOnPath,       e.m_x,       e.m_y,

@@ -115,6 +115,9 @@ void addRequest(const Operation& operation, const std::string& charts, Navigator
   if (operation.name == "CTavrel") dialogue.front = Front::engine;
   if (operation.name == "Tavrel" || operation.name == "CTavrel") {
     navigators.emplace(receiver, static_cast<std::uint8_t>(navigators.size()));
+    if (navigators.size() > mostNavigators) {
+      throw NotationError("more than " + std::to_string(mostNavigators) + " navigators");
+    }
   }
   const bool isKept = operation.receiver.compare(0, 4, "kept") == 0;
   if (operation.name == "destroy") return;

@@ -4,12 +4,12 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "tests/reference/Integers.h"
+
 namespace tavrel::reference {
 namespace {
 
 constexpr std::int64_t mostRows = 16777216;
-
-std::size_t at(std::int64_t index) { return static_cast<std::size_t>(index); }
 
 struct CutShort {};  // thrown where a line is missing, or no integer stands
 

@@ -3,17 +3,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/reference/Integers.h"
 #include "tests/unit/Catalogue.h"
 
 namespace tavrel::reference {
 namespace {
-
-// An index of -1 becomes a place that no list has.
-std::size_t at(std::int64_t index) { return static_cast<std::size_t>(index); }
-
-std::int32_t low32(std::int64_t value) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
-}
 
 std::int32_t opposite(std::int32_t direction) { return (direction + 2) % 4; }
 

@@ -3,16 +3,13 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/reference/Integers.h"
 #include "tests/unit/Catalogue.h"
 
 namespace tavrel::reference {
 namespace {
 
 constexpr std::int64_t directionCount = 5;
-
-std::int32_t low32(std::int64_t value) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
-}
 
 std::int64_t withoutSign(std::int32_t direction) { return static_cast<std::uint32_t>(direction); }
 
@@ -22,7 +19,7 @@ std::int64_t reversed(std::int64_t direction) {
   return direction < 0 || direction >= directionCount ? table[1] : table[direction];
 }
 
-/// The bytes that follow a first byte, by its value; 0 for one that starts nothing.
+/// The bytes of a character, by its first byte; 0 for one that starts none.
 std::size_t lengthOf(unsigned char first) {
   if (first < 0x80) return 1;
   if (first >= 0xc2 && first < 0xe0) return 2;
@@ -246,7 +243,8 @@ void PlainNavigator::askAbout(const Request& request, Reply& reply) {
       if (kept_) addElement(*kept_, reply);
       return noteChange();
     case What::keptDescription:
-      return addDescription(reply);
+      if (kept_) reply.texts.push_back(descriptionOf(*kept_));
+      return;
     default:
       throw std::logic_error("not for the client interface");
   }
@@ -312,11 +310,10 @@ void PlainNavigator::noteChange() {
   }
 }
 
-void PlainNavigator::addDescription(Reply& reply) {
-  if (!kept_) return;
+std::string PlainNavigator::descriptionOf(const PlainElement& element) {
   std::string text = "<ScreenElement ";
-  if (kept_->isNode) {
-    const std::optional<Lines> lines = linesOf(kept_->boxText);
+  if (element.isNode) {
+    const std::optional<Lines> lines = linesOf(element.boxText);
     if (!lines) throw std::invalid_argument("not UTF-8");
     std::string joined;
     for (std::size_t i = 0; i < lines->size(); ++i) joined += (i > 0 ? " " : "") + (*lines)[i];
@@ -324,9 +321,8 @@ void PlainNavigator::addDescription(Reply& reply) {
   } else {
     text += "line";
   }
-  if (kept_->isOnPath) text += " onPath";
-  text += " @" + std::to_string(kept_->x) + "," + std::to_string(kept_->y) + ">";
-  reply.texts.push_back(text);
+  if (element.isOnPath) text += " onPath";
+  return text + " @" + std::to_string(element.x) + "," + std::to_string(element.y) + ">";
 }
 
 // --- Moves of the client interface --------------------------------------------------
@@ -346,7 +342,7 @@ bool PlainNavigator::leadsHere(const PlainElement& box, std::int32_t exit) {
   const std::int64_t y = std::int64_t{box.y} + PlainEngine::stepY(way);
   const std::int32_t found = engine.find(engine.current, low32(x), low32(y));
   if (found < 0) met_.meet(Behaviour::backIntoNothing);
-  const PlainElement& cell = engine.currentChart().elements.at(static_cast<std::size_t>(found));
+  const PlainElement& cell = engine.currentChart().elements.at(at(found));
   if (cell.x != engine.x || cell.y != engine.y) return false;
   if (exit != way) met_.meet(Behaviour::backByOddExit);
   return true;

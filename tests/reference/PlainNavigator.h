@@ -33,6 +33,11 @@ class PlainNavigator : public Respondent {
  public:
   PlainNavigator(std::string directory, ChartFiles& files, Behaviours& met);
 
+  void moveWithDirection(std::int64_t direction);
+  void moveBack();
+  /// What an element says of itself.
+  std::string descriptionOf(const PlainElement& element);
+
   PlainEngine engine;
 
  private:
@@ -44,13 +49,10 @@ class PlainNavigator : public Respondent {
   void addElement(const PlainElement& element, Reply& reply);
   void addElements(const std::vector<PlainElement>& elements, Reply& reply);
   void noteChange();
-  void addDescription(Reply& reply);
   std::optional<Lines> linesOf(const Lines& lines);
   std::int32_t narrowIndex(std::int64_t index);
   std::int32_t narrowPlace(std::int64_t place);
   void keepCurrent(Reply& reply);
-  void moveWithDirection(std::int64_t direction);
-  void moveBack();
   bool leadsHere(const PlainElement& box, std::int32_t exit);
 
   Behaviours& met_;

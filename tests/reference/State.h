@@ -22,6 +22,10 @@ struct StateDifference {
 std::optional<StateDifference> differenceAtCursor(const PlainEngine& reference,
                                                   const CTavrel& engine);
 
+/// The same, and in everything that is held of every flowchart.
+std::optional<StateDifference> differenceAnywhere(const PlainEngine& reference,
+                                                  const CTavrel& engine);
+
 /// The first difference in what is held of one flowchart.
 std::optional<StateDifference> differenceInChart(const PlainChart& chart, const CTavrel& engine,
                                                  std::size_t fc);
@@ -31,10 +35,6 @@ sScreenElement asRecord(const PlainElement& plain);
 
 /// Whether the two are the same in every field.
 bool isEqual(const PlainElement& plain, const sScreenElement& record);
-
-/// The same, and in everything that is held of every flowchart.
-std::optional<StateDifference> differenceAnywhere(const PlainEngine& reference,
-                                                  const CTavrel& engine);
 
 }  // namespace tavrel::reference
 

@@ -2,6 +2,7 @@
 // dropped, then lines of charts with what counts them, then what requests carry.
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -102,15 +103,15 @@ class Minimiser {
   void dropRun(std::size_t number, std::size_t begin, std::size_t end) {
     std::vector<std::string> lines = linesOf(best_.requests[number].file);
     if (end > lines.size()) return;
-    const auto run = static_cast<int>(end - begin);
+    const auto run = static_cast<std::int64_t>(end - begin);
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(begin),
                 lines.begin() + static_cast<std::ptrdiff_t>(end));
     int counts = 0;
     for (std::size_t i = begin; i-- > 0 && counts < 6;) {
       if (!isCount(lines[i])) continue;
       ++counts;
-      for (const int less : {run, 1}) {
-        const int count = std::atoi(lines[i].c_str()) - less;
+      for (const std::int64_t less : {run, std::int64_t{1}}) {
+        const std::int64_t count = std::strtoll(lines[i].c_str(), nullptr, 10) - less;
         if (count >= 0 && takeFile(number, with(lines, i, std::to_string(count) + "\n"))) return;
       }
     }

@@ -16,13 +16,13 @@
 #include <exception>
 #include <map>
 #include <mutex>
-#include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/reference/Comparison.h"
+#include "tests/support/CommandLine.h"
 #include "tests/support/Files.h"
+#include "tests/support/Threads.h"
 
 namespace tavrel::reference {
 namespace {
@@ -33,21 +33,6 @@ struct Options {
   std::string figures;
   std::vector<std::string> conversations;
 };
-
-class WrongUse : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-std::uint64_t number(const std::string& text) {
-  std::size_t end = 0;
-  try {
-    const std::uint64_t value = std::stoull(text, &end);
-    if (end == text.size() && text[0] != '-') return value;
-  } catch (const std::logic_error&) {  // no number at all, or none of 64 bits
-  }
-  throw WrongUse(text + " is not a number");
-}
 
 void takeOption(const std::string& name, const std::string& value, Options& options) {
   std::map<std::string, std::uint64_t*> numbers = {{"--operations", &options.operations},
@@ -102,9 +87,7 @@ class Run {
   explicit Run(const Options& options) : options_(options), next_(options.first) {}
 
   bool isClean() {
-    std::vector<std::thread> threads;
-    for (std::uint64_t i = 0; i < options_.threads; ++i) threads.emplace_back([this] { work(); });
-    for (std::thread& each : threads) each.join();
+    onThreads(static_cast<std::size_t>(options_.threads), [this] { work(); });
     return !hasFailed_;
   }
 
@@ -114,18 +97,23 @@ class Run {
 
  private:
   void work() {
-    TemporaryFiles files;
-    Behaviours met;
-    while (operations_ < options_.operations && !hasFailed_) play(next_++, files, met);
-    const std::lock_guard<std::mutex> lock(mutex_);
-    met_.add(met);
+    try {
+      TemporaryFiles files;
+      Behaviours met;
+      while (operations_ < options_.operations && !hasFailed_) play(next_++, files, met);
+      const std::lock_guard<std::mutex> lock(mutex_);
+      met_.add(met);
+    } catch (const std::exception& error) {
+      std::printf("reference_compare: %s\n", error.what());
+      hasFailed_ = true;
+    }
   }
 
   void play(std::uint64_t seed, TemporaryFiles& files, Behaviours& met) {
-    Choices choices(seed);
-    const Dialogue dialogue = dialogueFrom(choices);
-    operations_ += dialogue.requests.size();
     try {
+      Choices choices(seed);
+      const Dialogue dialogue = dialogueFrom(choices);
+      operations_ += dialogue.requests.size();
       if (!compare(dialogue, files, &met)) return;
       const std::lock_guard<std::mutex> lock(mutex_);
       if (hasFailed_.exchange(true)) return;
@@ -155,14 +143,20 @@ int report(const Behaviours& met, std::uint64_t least, std::FILE* to) {
   return seldom;
 }
 
+/// The same into the file of that name, or to standard output without one.
+int report(const Behaviours& met, std::uint64_t least, const std::string& figures) {
+  if (figures.empty()) return report(met, least, stdout);
+  OpenFile file(std::fopen(figures.c_str(), "w"));
+  const int seldom = file ? report(met, least, file.get()) : 0;
+  const bool isWritten = file && std::ferror(file.get()) == 0;
+  if (!isWritten || std::fclose(file.release()) != 0) throw WrongUse("can't write " + figures);
+  return seldom;
+}
+
 int playMany(const Options& options) {
   Run run(options);
   if (!run.isClean()) return 1;
-  std::FILE* const figures =
-      options.figures.empty() ? stdout : std::fopen(options.figures.c_str(), "w");
-  if (figures == nullptr) throw WrongUse("can't write " + options.figures);
-  const int seldom = report(run.met(), options.least, figures);
-  if (figures != stdout) std::fclose(figures);
+  const int seldom = report(run.met(), options.least, options.figures);
   std::printf("%" PRIu64 " operations in %" PRIu64
               " dialogues, %zu behaviours, %d met too seldom\n",
               run.operations(), run.dialogues(), behaviourCount, seldom);

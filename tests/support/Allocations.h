@@ -39,6 +39,9 @@ class FailingAllocations {
 
   /// Whether an allocation was made to fail.
   bool wereReached() const;
+
+  /// Asked by what allocates, once for each allocation: whether that is to fail.
+  static bool nextMustFail() noexcept;
 };
 
 }  // namespace tavrel

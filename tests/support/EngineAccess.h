@@ -112,7 +112,8 @@ inline std::string describeChart(const CTavrel& engine, std::size_t fc) {
          " starts=" + joined(Access::rowStarts(engine).at(fc));
 }
 
-/// Everything that can change in an engine, for "nothing has changed".
+/// Everything that can change in an engine, for "nothing has changed". Of a long row index,
+/// what `joined` shows.
 inline std::string snapshot(const CTavrel& engine) {
   std::string all = describe(engine) + "\n";
   const auto& charts = EngineAccess::screenElements(engine);

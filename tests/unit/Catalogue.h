@@ -4,6 +4,8 @@
 #define TAVREL_TESTS_UNIT_CATALOGUE_H
 
 #include <array>
+#include <string>
+#include <vector>
 
 namespace tavrel {
 
@@ -59,6 +61,16 @@ constexpr std::array<CatalogueEntry, 45> catalogue{{
     {"PCuebid", "Cue Bids in a Precision Auction"},
     {"PGF", "Continuations in Game Forcing Precision Auctions"},
 }};
+
+/// Its file names alone.
+inline const std::vector<std::string>& catalogueNames() {
+  static const std::vector<std::string> names = [] {
+    std::vector<std::string> all;
+    for (const CatalogueEntry& entry : catalogue) all.emplace_back(entry.fileName);
+    return all;
+  }();
+  return names;
+}
 
 }  // namespace tavrel
 

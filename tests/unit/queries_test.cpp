@@ -96,6 +96,12 @@ TEST_F(Queries, ARectangleOfOneCellHoldsTheElementThereOrNothing) {
   }
 }
 
+TEST_F(Queries, TheExceptionOfAnEmptyCellSaysWhatIsWrong) {
+  selectFourRows();
+  EXPECT_EQ(textThrown<std::out_of_range>([this] { engine.mGetXYElement(2, 0); }),
+            "CTavrel: nothing stands there");
+}
+
 TEST_F(Queries, ARectangleThatMissesTheChartIsEmpty) {
   selectFourRows();
   EXPECT_EQ(inside(-9, 9, 3, 9), "");

@@ -422,6 +422,22 @@ TEST_F(Malformed, ARefusedExtentIsTriedAgain) {
   EXPECT_EQ(elements().size(), 2u);
 }
 
+TEST_F(Malformed, ARefusedExtentSaysWhatIsWrong) {
+  write(ChartFile().box(0, 0, "a").box(0, 16777216, "b"));
+  EXPECT_EQ(textThrown<std::length_error>([this] { engine.mSetStartLocation(0); }),
+            "CTavrel: no flowchart can have this size");
+}
+
+TEST_F(Malformed, ARefusedExtentClearsTheOldMarkAndKeepsTheAnswers) {
+  engine.mStartNewPath(0, "n");
+  write(ChartFile().intro({"New"}).box(0, 0, "a").box(0, 16777216, "b"));
+  ASSERT_EQ(describe(engine), "0 Opening 0,0 #0 path=\"n\" marks=0");
+  EXPECT_EQ(typeThrown([this] { engine.mStartNewPath(0, "yy"); }), "length_error");
+  EXPECT_EQ(describe(engine), "0 Opening 0,0 #0 path=\"n\" marks=");
+  EXPECT_EQ(chart(), unreadChart);
+  EXPECT_EQ(describe(elements().at(0)), placeholder);
+}
+
 TEST_F(Malformed, Exactly16777216RowsAreRead) {
   select(ChartFile().box(0, 0, "a").box(0, 16777215, "b").text());
   EXPECT_EQ(engine.mFind(0, 0, 16777215), 1);

@@ -154,10 +154,7 @@ void tryMoves(Sheet& sheet) {
 }
 
 void tryPath(std::size_t index, const char* answers, Sheet& sheet) {
-  reference::Request start{What::startNewPath};
-  start.numbers[0] = static_cast<std::int64_t>(index);
-  start.text = answers;
-  sheet.ask(start);
+  sheet.ask(reference::startRequest(static_cast<std::int64_t>(index), answers));
   for (int step = 0; step < 3; ++step) sheet.ask({What::moveAlongPath});
 }
 
@@ -168,7 +165,10 @@ LinesBetween::LinesBetween() {
     const auto lines = linesBeside(otherBox);
     for (int i = 0; i < exits * exits * exits * exits; ++i) {
       for (const auto& each : lines) {
-        const Chart chart{otherBox, {i % 5, i / 5 % 5, i / 25 % 5, i / 125}, each};
+        const Chart chart{otherBox,
+                          {i % exits, i / exits % exits, i / (exits * exits) % exits,
+                           i / (exits * exits * exits)},
+                          each};
         if (standsForAll(chart)) codes_.push_back(codeOf(chart));
       }
     }
@@ -189,7 +189,7 @@ std::string LinesBetween::file(std::size_t number) const {
 }
 
 void LinesBetween::tryChart(std::size_t index, Sheet& sheet) const {
-  sheet.ask(selection(index));
+  sheet.ask(reference::resetRequest(static_cast<std::int64_t>(index)));
   sheet.compareChart(index);
   tryMoves(sheet);
   for (const char* answers : {"yy", "yn", "ny", "nn"}) tryPath(index, answers, sheet);

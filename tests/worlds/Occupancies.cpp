@@ -67,7 +67,7 @@ std::string Occupancies::file(std::size_t number) const {
 }
 
 void Occupancies::tryChart(std::size_t index, Sheet& sheet) const {
-  sheet.ask(selection(index));
+  sheet.ask(reference::resetRequest(static_cast<std::int64_t>(index)));
   sheet.compareChart(index);
   for (std::int32_t y = firstY; y <= lastY; ++y) {
     for (std::int32_t x = firstX; x <= lastX; ++x) tryCell(x, y, sheet);

@@ -21,6 +21,7 @@ Sheet::Sheet() = default;
 
 void Sheet::lay(const std::vector<std::string>& files) {
   files_ = files;
+  directory_.clear();
   for (std::size_t i = 0; i < files.size(); ++i) directory_.write(catalogue[i].fileName, files[i]);
   plain_ = std::make_unique<reference::PlainNavigator>(directory_.directory(), directory_, met_);
   navigator_ = std::make_unique<reference::FacadeRespondent>(directory_.directory());
@@ -63,16 +64,10 @@ void Sheet::putCursorOn(std::size_t element) {
 
 void Sheet::fail(const std::string& what, const std::string& reference,
                  const std::string& navigator) const {
-  const std::int32_t current = plain_->engine.current;
-  const std::string chart = current < 0 ? "" : files_.at(static_cast<std::size_t>(current));
-  throw Difference(what + "\n  reference: " + reference + "\n  navigator: " + navigator +
-                   "\n  chart:\n" + chart);
-}
-
-reference::Request selection(std::size_t index) {
-  reference::Request request{reference::What::reset};
-  request.numbers[0] = static_cast<std::int64_t>(index);
-  return request;
+  // Beyond the sheet where no flowchart is current, or a link led to one without a file.
+  const auto current = static_cast<std::size_t>(plain_->engine.current);
+  throw Differs(what + "\n  reference: " + reference + "\n  navigator: " + navigator +
+                "\n  chart:\n" + (current < files_.size() ? files_[current] : ""));
 }
 
 }  // namespace tavrel::worlds

@@ -17,7 +17,7 @@
 namespace tavrel::worlds {
 
 /// What is thrown for a difference. The message has the chart and what was asked.
-class Difference : public std::runtime_error {
+class Differs : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
@@ -32,9 +32,9 @@ class Sheet {
   void lay(const std::vector<std::string>& files);
 
   /// Puts the request to both, and compares answers, cursor, bounds and marks. Throws
-  /// Difference.
+  /// Differs.
   void ask(const reference::Request& request);
-  /// Compares all that is held of one flowchart, or of all. Throws Difference.
+  /// Compares all that is held of one flowchart, or of all. Throws Differs.
   void compareChart(std::size_t index);
   void compareEverything();
   /// Puts both cursors on an element of the current flowchart, without a move.
@@ -55,9 +55,6 @@ class Sheet {
   std::unique_ptr<reference::FacadeRespondent> navigator_;
   std::uint64_t requests_ = 0;
 };
-
-/// The request to select a flowchart.
-reference::Request selection(std::size_t index);
 
 class World {
  public:

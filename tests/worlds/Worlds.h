@@ -48,7 +48,7 @@ class Answers : public World {
   void tryChart(std::size_t index, Sheet& sheet) const override;
 
  private:
-  std::vector<std::string> names_, strings_;
+  std::vector<std::string> strings_;
 };
 
 }  // namespace tavrel::worlds

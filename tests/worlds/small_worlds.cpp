@@ -8,14 +8,16 @@
 #include <algorithm>
 #include <atomic>
 #include <cinttypes>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "tests/support/CommandLine.h"
+#include "tests/support/Threads.h"
 #include "tests/worlds/Worlds.h"
 
 namespace tavrel::worlds {
@@ -23,20 +25,20 @@ namespace {
 
 struct Options {
   std::string world;
-  std::size_t every = 1, threads = 1;
+  std::uint64_t every = 1, threads = 1;
 };
 
 Options optionsOf(const std::vector<std::string>& arguments) {
   Options options;
-  if (arguments.empty() || arguments.size() % 2 == 0) throw std::runtime_error("name a world");
+  if (arguments.empty() || arguments.size() % 2 == 0) throw WrongUse("name a world");
   options.world = arguments[0];
   for (std::size_t i = 1; i < arguments.size(); i += 2) {
-    std::size_t* const option = arguments[i] == "--every"     ? &options.every
-                                : arguments[i] == "--threads" ? &options.threads
-                                                              : nullptr;
-    if (option == nullptr) throw std::runtime_error("unknown option " + arguments[i]);
-    *option = std::stoul(arguments[i + 1]);
-    if (*option == 0) throw std::runtime_error(arguments[i] + " takes a number from 1");
+    std::uint64_t* const option = arguments[i] == "--every"     ? &options.every
+                                  : arguments[i] == "--threads" ? &options.threads
+                                                                : nullptr;
+    if (option == nullptr) throw WrongUse("unknown option " + arguments[i]);
+    *option = number(arguments[i + 1]);
+    if (*option == 0) throw WrongUse(arguments[i] + " takes a number from 1");
   }
   return options;
 }
@@ -45,7 +47,7 @@ std::unique_ptr<World> worldNamed(const std::string& name) {
   if (name == "occupancies") return std::make_unique<Occupancies>();
   if (name == "lines") return std::make_unique<LinesBetween>();
   if (name == "answers") return std::make_unique<Answers>();
-  throw std::runtime_error("unknown world " + name);
+  throw WrongUse("unknown world " + name);
 }
 
 /// Takes the world's charts sheet by sheet, on several threads.
@@ -54,9 +56,7 @@ class Tour {
   Tour(const World& world, std::size_t every) : world_(world), every_(every) {}
 
   bool isClean(std::size_t threads) {
-    std::vector<std::thread> all;
-    for (std::size_t i = 0; i < threads; ++i) all.emplace_back([this] { work(); });
-    for (std::thread& each : all) each.join();
+    onThreads(threads, [this] { work(); });
     return !hasFailed_;
   }
 
@@ -65,15 +65,15 @@ class Tour {
 
  private:
   void work() {
-    Sheet sheet;
     try {
+      Sheet sheet;
       while (!hasFailed_ && trySheet(next_++ * Sheet::room * every_, sheet)) continue;
+      requests_ += sheet.requests();
     } catch (const std::exception& error) {
       hasFailed_ = true;
       const std::lock_guard<std::mutex> lock(mutex_);
       std::printf("%s\n", error.what());
     }
-    requests_ += sheet.requests();
   }
 
   bool trySheet(std::size_t first, Sheet& sheet) {
@@ -100,8 +100,8 @@ int run(const std::vector<std::string>& arguments) {
   const Options options = optionsOf(arguments);
   reference::keepTemporaryFilesInMemory();
   const std::unique_ptr<World> world = worldNamed(options.world);
-  Tour tour(*world, options.every);
-  const bool isClean = tour.isClean(options.threads);
+  Tour tour(*world, static_cast<std::size_t>(options.every));
+  const bool isClean = tour.isClean(static_cast<std::size_t>(options.threads));
   std::printf("%s: %zu charts, %zu tried, %" PRIu64 " requests\n", options.world.c_str(),
               world->size(), tour.charts(), tour.requests());
   return isClean ? 0 : 1;
