@@ -59,7 +59,6 @@ MATRIX = (
 
 SUITES = tuple(build for build in MATRIX if build.has_suite)
 
-PACKAGES = ("cmake", "ninja-build", "g++-12", "g++-12-multilib", "clang-14", "libclang-rt-14-dev",
-            "clang-19", "libclang-rt-19-dev", "valgrind", "libc6-dbg", "pkg-config",
-            "libcli11-dev", "libgtest-dev", "googletest", "libncurses-dev", "libutf8proc-dev",
-            "libvterm-dev")
+# Beside those of every build of the tests.
+PACKAGES = ("g++-12", "g++-12-multilib", "clang-14", "libclang-rt-14-dev", "clang-19",
+            "libclang-rt-19-dev", "valgrind", "libc6-dbg", "googletest")

@@ -5,7 +5,8 @@
     conditions, answers of type bool                     negated
     ! - ~                                                dropped
     ++ --                                                the other
-    integers, characters                                 one more, one less, 0
+    integers                                             one more, one less, 0
+    characters                                           one more, one less
     true, false, texts                                   the other, emptied
     a ? b : c                                            a ? c : b
     calls, assignments, throws, early returns            dropped

@@ -5,6 +5,8 @@ from dataclasses import dataclass
 from pathlib import Path
 from typing import Mapping, Optional
 
+import stepkit
+
 
 @dataclass
 class State:
@@ -33,9 +35,7 @@ class State:
         lines.append(" ".join(["all", *words_of(sum(self.files.values(), Counter()))]))
         lines += [" ".join(["file", file, *words_of(counts)])
                   for file, counts in sorted(self.files.items())]
-        written = path.with_name(path.name + ".new")
-        written.write_text("\n".join(lines) + "\n", encoding="utf-8")
-        written.rename(path)
+        stepkit.write_whole(path, "\n".join(lines) + "\n")
 
 
 def words_of(counts: Mapping[str, int]) -> list[str]:

@@ -83,6 +83,7 @@ class Suite:
         units = self.read_units()
         self.library = [unit for unit in units.values() if self.in_library(unit.source)]
         self.read_programs(units)
+        self.check_needs()
         self.make_library()
         for program in self.programs:
             program.link_to(self.work / program.name, self.work / LIBRARY, {})
@@ -121,6 +122,12 @@ class Suite:
                 if path.is_relative_to(self.root):
                     current.add(path)
         return needs
+
+    def check_needs(self) -> None:
+        """Without them a mutant would be compiled into nothing, and nobody would notice it."""
+        for unit in [*self.library, *(u for program in self.programs for u in program.units)]:
+            if unit.source not in unit.needs:
+                raise stepkit.CannotWork(f"the build doesn't say what {unit.source} includes")
 
     def original(self, path: Path) -> Path:
         """The source of a header that the build has copied."""
@@ -209,11 +216,11 @@ class Suite:
             words = [str(self.work / program.name), *program.command[1:]]
             if program.is_googletest():
                 words.append(f"--gtest_output=json:{report}")
-            outcome = run_limited(words, 600, self.work, self.work)
-            if not outcome.fine:
+            ending = run_limited(words, 600, self.work, self.work)
+            if not ending.fine:
                 raise stepkit.CannotWork(f"{program.name} fails without any change:\n"
-                                         + outcome.output[-2000:])
-            program.seconds = outcome.seconds
+                                         + ending.output[-2000:])
+            program.seconds = ending.seconds
             stepkit.say(f"mutation: {program.name} takes {program.seconds:.1f} s")
             if report.exists():
                 program.tests = test_times(report)
@@ -229,13 +236,12 @@ def members_of(word: str, units: dict[str, Unit]) -> list[Unit]:
 
 
 @dataclass
-class Outcome:
+class Ending:
     """How a program ended."""
 
     fine: bool
     output: str
     seconds: float
-    timed_out: bool = False
 
 
 def test_times(report: Path) -> dict[str, float]:
@@ -244,7 +250,7 @@ def test_times(report: Path) -> dict[str, float]:
             for suite in suites for test in suite["testsuite"]}
 
 
-def run_limited(words: Sequence[str], seconds: float, libraries: Path, scratch: Path) -> Outcome:
+def run_limited(words: Sequence[str], seconds: float, libraries: Path, scratch: Path) -> Ending:
     """Runs a program with limits on processor time, memory and the size of files."""
     temporary = scratch / "tmp"
     temporary.mkdir(exist_ok=True)
@@ -260,14 +266,12 @@ def run_limited(words: Sequence[str], seconds: float, libraries: Path, scratch: 
         stdin=subprocess.DEVNULL, start_new_session=True), 4 * seconds + 20)
 
 
-def finish(process: "subprocess.Popen[str]", seconds: float) -> Outcome:
+def finish(process: "subprocess.Popen[str]", seconds: float) -> Ending:
     """Waits so long, then ends the program and whatever it started."""
     began = time.monotonic()
     try:
         output, _ = process.communicate(timeout=seconds)
-        timed_out = process.returncode == -signal.SIGXCPU
     except subprocess.TimeoutExpired:
-        timed_out = True
         os.killpg(process.pid, signal.SIGKILL)
         output, _ = process.communicate()
-    return Outcome(process.returncode == 0, output, time.monotonic() - began, timed_out)
+    return Ending(process.returncode == 0, output, time.monotonic() - began)

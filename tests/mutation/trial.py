@@ -19,6 +19,7 @@ import stepkit
 TIMES_LONGER = 10  # than the unchanged program: then a mutant is taken to hang
 LEAST_SECONDS = 2
 IS_NO_PROGRAM = re.compile(r"^\d+ errors? generated\.$|undefined reference", re.M)
+NOT_THE_MUTANTS_FAULT = re.compile(r"No space left|error while loading shared libraries")
 ITS_END = "its end"  # what has noticed a mutant where no test says so
 QUICK_TEST = 0.05  # seconds; slower ones wait until the quick have noticed nothing
 FAVOURITES = 12  # tests that have noticed most in a file, tried first
@@ -56,8 +57,8 @@ class Killers:
         return sorted(programs, key=lambda each: (-counts[each.name], each.seconds))
 
 
-class Bench:
-    """A place where one mutant at a time is tried."""
+class Workplace:
+    """Where one mutant at a time is tried."""
 
     def __init__(self, suite: Suite, folder: Path, killers: Killers) -> None:
         self.suite, self.folder, self.killers = suite, folder, killers
@@ -177,12 +178,14 @@ class Bench:
             usual = sum(program.tests[test] for test in tests)
             words += ["--gtest_fail_fast", "--gtest_filter=" + ":".join(tests)]
         seconds = max(LEAST_SECONDS, TIMES_LONGER * usual)
-        outcome = run_limited(words, seconds, self.folder, self.folder)
-        if outcome.fine:
+        ending = run_limited(words, seconds, self.folder, self.folder)
+        if ending.fine:
             return None
         shutil.rmtree(self.folder / "tmp", ignore_errors=True)
-        failed = re.findall(r"^\[  FAILED  \] ([^ ,\n]+)", outcome.output, re.M)
-        begun = re.findall(r"^\[ RUN      \] (\S+)", outcome.output, re.M)
+        if NOT_THE_MUTANTS_FAULT.search(ending.output):
+            raise stepkit.CannotWork(f"{program.name}: {ending.output[-2000:]}")
+        failed = re.findall(r"^\[  FAILED  \] ([^ ,\n]+)", ending.output, re.M)
+        begun = re.findall(r"^\[ RUN      \] (\S+)", ending.output, re.M)
         return (failed or begun[-1:] or [""])[0]
 
     # --- comparing object code ------------------------------------------------------
@@ -212,18 +215,18 @@ def try_each(suite: Suite, folder: Path, killers: Killers, mutants: Sequence[Mut
              is_over: Callable[[], bool] = lambda: False) -> None:
     """Tries as many at once as the suite has jobs, and notes each verdict as it comes, on the
     thread that found it. Once it is over, no further mutant is begun."""
-    benches: "queue.Queue[Bench]" = queue.Queue()
+    workplaces: "queue.Queue[Workplace]" = queue.Queue()
     for number in range(suite.jobs):
-        benches.put(Bench(suite, folder / f"bench{number}", killers))
+        workplaces.put(Workplace(suite, folder / f"workplace{number}", killers))
 
     def attempt(mutant: Mutant) -> None:
         if is_over():
             return
-        bench = benches.get()
+        workplace = workplaces.get()
         try:
-            verdict = bench.try_mutant(mutant)
+            verdict = workplace.try_mutant(mutant)
         finally:
-            benches.put(bench)
+            workplaces.put(workplace)
         note(mutant, verdict)
 
     with ThreadPoolExecutor(suite.jobs) as pool:

@@ -1,10 +1,11 @@
 """What came of a step, and where the outcomes of a full run are kept."""
 
 import json
-import os
 from dataclasses import asdict, dataclass, field
 from pathlib import Path
 from typing import Optional
+
+from stepkit import write_whole
 
 
 @dataclass
@@ -22,6 +23,7 @@ class Outcome:
     date: str
     rows: list[Row] = field(default_factory=list)
     commit: str = ""
+    wrote: bool = False  # the records in the tree
 
     @property
     def succeeded(self) -> bool:
@@ -43,9 +45,7 @@ class Store:
 
     def save(self, outcome: Outcome) -> None:
         self._folder.mkdir(parents=True, exist_ok=True)
-        unfinished = self._path(outcome.name).with_suffix(".new")
-        unfinished.write_text(json.dumps(asdict(outcome), indent=1), encoding="utf-8")
-        os.replace(unfinished, self._path(outcome.name))
+        write_whole(self._path(outcome.name), json.dumps(asdict(outcome), indent=1))
 
     def _path(self, name: str) -> Path:
         return self._folder / f"{name}.json"

@@ -5,6 +5,7 @@ from pathlib import Path
 
 import runner
 from outcome import Outcome, Store
+from stepkit import write_whole
 from tree import Tree
 
 RELIABILITY = Path("docs/reliability.md")
@@ -48,7 +49,7 @@ def summary(outcomes: list[Outcome], tree: Tree) -> str:
     minutes = sum(outcome.seconds for outcome in outcomes) / 60
     missing = [name for name in runner.NAMES if name not in {o.name for o in outcomes}]
     text = f"The last commit that changed code is {tree.code_commit}; "
-    text += f"its full run took {minutes:.0f} minutes on {os.cpu_count()} cores."
+    text += f"the steps of its full run took {minutes:.0f} minutes on {os.cpu_count()} cores."
     return text + (f" Not run yet: {', '.join(missing)}." if missing else "")
 
 
@@ -58,7 +59,5 @@ def write_reliability(store: Store, tree: Tree) -> None:
     text = RELIABILITY.read_text(encoding="utf-8")
     before, rest = text.split(BEGIN, 1)
     after = rest.split(END, 1)[1]
-    unfinished = RELIABILITY.with_suffix(".new")
-    unfinished.write_text(f"{before}{BEGIN}\n\n{summary(outcomes, tree)}\n\n{markdown(outcomes)}\n\n"
-                          f"{END}{after}", encoding="utf-8")
-    os.replace(unfinished, RELIABILITY)
+    write_whole(RELIABILITY, f"{before}{BEGIN}\n\n{summary(outcomes, tree)}\n\n"
+                             f"{markdown(outcomes)}\n\n{END}{after}")

@@ -5,6 +5,7 @@ import json
 import subprocess
 import sys
 import time
+import traceback
 from dataclasses import dataclass
 from pathlib import Path
 from typing import Callable, Mapping, NoReturn, Optional, Sequence
@@ -56,6 +57,13 @@ def run(command: Sequence[object], log: Optional[Path] = None, cwd: Optional[Pat
         said = (done.stdout + done.stderr)[-4000:]
         raise CannotWork(f"{said}\nstatus {done.returncode} from {' '.join(map(str, command))}")
     return done.stdout
+
+
+def write_whole(path: Path, text: str) -> None:
+    """Nobody ever sees half of it."""
+    draft = path.with_name(path.name + ".new")
+    draft.write_text(text, encoding="utf-8")
+    draft.replace(path)
 
 
 def install(*more: str) -> None:
@@ -110,4 +118,7 @@ def start(description: str, work: Callable[[Step], bool],
         sys.exit(0 if work(step) else 1)
     except CannotWork as problem:
         say(f"{Path(sys.argv[0]).name}: {problem}")
+        sys.exit(2)
+    except Exception:
+        say(traceback.format_exc())
         sys.exit(2)

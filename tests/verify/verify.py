@@ -4,10 +4,11 @@ import argparse
 import sys
 import time
 from pathlib import Path
+from typing import Optional
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parent))
-from outcome import Outcome, Row, Store  # noqa: E402
+from outcome import Outcome, Store  # noqa: E402
 from progress import Progress  # noqa: E402
 from report import table, write_reliability  # noqa: E402
 from tree import Tree  # noqa: E402
@@ -39,20 +40,33 @@ def run_quick(names: list[str], progress: Progress) -> list[Outcome]:
     return [runner.run(name, False, False, progress) for name in names]
 
 
+def is_done(kept: Optional[Outcome], write: bool) -> bool:
+    if not kept or not kept.succeeded:
+        return False
+    return kept.wrote or not write or kept.name not in runner.WITH_RECORDS
+
+
 def run_full(names: list[str], write: bool, tree: Tree, progress: Progress) -> list[Outcome]:
     """Runs what has not yet succeeded on this code; the results are kept in between."""
     store = Store(runner.WORK / "full", tree.code_commit)
     outcomes = []
     for name in names:
         kept = store.load(name)
-        if kept and kept.succeeded:
+        if is_done(kept, write):
             progress.say(f"{name}: done on {kept.commit}, {kept.date}")
         else:
             kept = runner.run(name, True, write, progress)
-            kept.commit = tree.commit
+            check_unchanged(tree)
+            kept.commit, kept.wrote = tree.commit, write
             store.save(kept)
         outcomes.append(kept)
     return outcomes
+
+
+def check_unchanged(tree: Tree) -> None:
+    now = Tree()
+    if now.code_commit != tree.code_commit or now.changed_code:
+        sys.exit("scripts/verify: the code has changed under the run; this step doesn't count")
 
 
 def main() -> int:
@@ -60,9 +74,9 @@ def main() -> int:
     names = options.names or list(runner.NAMES)
     progress = Progress(sys.stderr)
     tree = Tree()
-    if options.full and tree.changed_code:
-        print(f"scripts/verify: commit first, a full run is of one commit: {tree.changed_code[0]}"
-              " has changed", file=sys.stderr)
+    if options.full and not tree.is_commit:
+        what = tree.changed_code[0] + " has changed" if tree.changed_code else "git knows of none"
+        print(f"scripts/verify: a full run is of one commit: {what}", file=sys.stderr)
         return 2
     started = time.monotonic()
     outcomes = (run_full(names, options.write, tree, progress) if options.full
@@ -70,7 +84,8 @@ def main() -> int:
     progress.end()
     minutes = (time.monotonic() - started) / 60
     print(table(outcomes))
-    print(f"code of {tree.code_commit}, {minutes:.1f} minutes")
+    changes = " and changes" if tree.changed_code else ""
+    print(f"code of {tree.code_commit}{changes}, {minutes:.1f} minutes")
     if options.write:
         write_reliability(Store(runner.WORK / "full", tree.code_commit), tree)
     return max(outcome.status for outcome in outcomes)
