@@ -10,8 +10,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "drawing/Text.h"
 #include "facade/Tavrel.h"
+#include "text/Text.h"
 
 namespace tavrel::drawing {
 

@@ -10,10 +10,10 @@
 #include "drawing/CellSides.h"
 #include "drawing/ChartGeometry.h"
 #include "drawing/ElementGrid.h"
-#include "drawing/Text.h"
 #include "drawing/TextBox.h"
 #include "drawing/TextCanvas.h"
 #include "facade/Tavrel.h"
+#include "text/Text.h"
 
 namespace tavrel::drawing {
 

@@ -11,9 +11,9 @@
 
 #include "drawing/CellSides.h"
 #include "drawing/ChartGeometry.h"
-#include "drawing/Text.h"
 #include "drawing/TextPicture.h"
 #include "facade/Tavrel.h"
+#include "text/Text.h"
 
 namespace tavrel::drawing {
 

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "drawing/BoxDrawing.h"
-#include "drawing/Text.h"
 #include "drawing/TextBox.h"
 #include "drawing/TextPicture.h"
 #include "facade/Tavrel.h"
+#include "text/Text.h"
 
 namespace tavrel::drawing {
 

@@ -31,9 +31,9 @@
 #include <vector>
 
 #include "drawing/ChartGeometry.h"
-#include "drawing/Text.h"
 #include "drawing/TextPicture.h"
 #include "facade/Tavrel.h"
+#include "text/Text.h"
 
 namespace tavrel {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "drawing/Text.h"
+#include "text/Text.h"
 
 namespace tavrel {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "drawing/Text.h"
 #include "hosts/tavrel/Library.h"
+#include "text/Text.h"
 
 namespace tavrel {
 

@@ -49,6 +49,12 @@ std::string suggestionFor(const std::string& wanted, const std::vector<Catalogue
 
 }  // namespace
 
+std::vector<std::string> catalogueNames() {
+  std::vector<std::string> names;
+  for (const CatalogueEntry& entry : catalogue()) names.push_back(entry.name);
+  return names;
+}
+
 std::filesystem::path defaultChartsDirectory() {
   std::error_code failed;
   const fs::path program = fs::read_symlink("/proc/self/exe", failed);

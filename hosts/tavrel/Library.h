@@ -18,6 +18,9 @@ struct CatalogueEntry {
   std::string title;  ///< for display
 };
 
+/// The file names of the catalogue, in its order.
+std::vector<std::string> catalogueNames();
+
 /// The charts installed with this program, or those of its source tree when it
 /// runs from a build: found from where the program lies, so that both may move.
 std::filesystem::path defaultChartsDirectory();

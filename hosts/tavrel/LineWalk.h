@@ -7,8 +7,8 @@
 #include <ostream>
 #include <string>
 
-#include "drawing/Text.h"
 #include "hosts/tavrel/Walk.h"
+#include "text/Text.h"
 
 namespace tavrel {
 

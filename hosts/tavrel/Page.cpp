@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "drawing/Text.h"
 #include "hosts/tavrel/MoreMarks.h"
+#include "text/Text.h"
 
 namespace tavrel {
 namespace {

@@ -10,8 +10,8 @@
 #include <cstring>
 #include <string>
 
-#include "drawing/Text.h"
 #include "hosts/tavrel/Failure.h"
+#include "text/Text.h"
 
 #define NCURSES_NOMACROS 1
 #include <curses.h>

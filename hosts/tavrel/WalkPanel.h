@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "drawing/Text.h"
 #include "hosts/tavrel/Area.h"
 #include "hosts/tavrel/Terminal.h"
 #include "hosts/tavrel/Walk.h"
+#include "text/Text.h"
 
 namespace tavrel {
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "drawing/Text.h"
 #include "hosts/tavrel/Walk.h"
+#include "text/Text.h"
 
 namespace tavrel {
 

@@ -6,26 +6,55 @@
 #include <csignal>
 #include <cstring>
 #include <exception>
+#include <functional>
 #include <iostream>
 #include <string>
+#include <utility>
 
-#include "drawing/Text.h"
 #include "facade/Tavrel.h"
 #include "hosts/tavrel/Commands.h"
+#include "hosts/tavrel/Compile.h"
 #include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Words.h"
+#include "text/Text.h"
 
 namespace tavrel {
 namespace {
 
+// What the subcommands are told, and how one ended.
+struct Invocation {
+  Arguments arguments;
+  CompileArguments compile;
+  int status = 0;
+};
+
 // Options of the program may stand behind a subcommand as well as before it.
-CLI::App* addCommand(CLI::App& app, const Arguments& arguments, const char* name, const char* what,
-                     void (*run)(const Arguments&)) {
+CLI::App* addCommand(CLI::App& app, const char* name, const char* what, std::function<void()> run) {
   CLI::App* command = app.add_subcommand(name, what);
   command->fallthrough();
-  command->callback([&arguments, run] { run(arguments); });
+  command->callback(std::move(run));
   return command;
+}
+
+CLI::App* addCommand(CLI::App& app, const Arguments& arguments, const char* name, const char* what,
+                     void (*run)(const Arguments&)) {
+  return addCommand(app, name, what, [&arguments, run] { run(arguments); });
+}
+
+void defineCompile(CLI::App& app, Invocation& invocation) {
+  CompileArguments& arguments = invocation.compile;
+  CLI::App* compile = addCommand(app, "compile", "Make flowchart files of sources", [&invocation] {
+    invocation.status = compileSources(invocation.compile);
+  });
+  compile->add_option("SOURCE", arguments.sources, "Sources (NAME.yaml), or - for standard input")
+      ->required();
+  compile
+      ->add_option("-o,--output", arguments.output,
+                   "The file to write, a folder for NAME.fv, or - for standard output; without "
+                   "it, NAME.fv beside its source")
+      ->type_name("FILE|DIR");
+  compile->add_flag("--watch", arguments.watches, "Compile again whenever a source is saved");
 }
 
 void defineWalk(CLI::App& app, Arguments& arguments) {
@@ -48,7 +77,8 @@ void defineWalk(CLI::App& app, Arguments& arguments) {
       "  q           quit");
 }
 
-void define(CLI::App& app, Arguments& arguments) {
+void define(CLI::App& app, Invocation& invocation) {
+  Arguments& arguments = invocation.arguments;
   app.require_subcommand(0, 1);
   app.set_version_flag("--version", std::string("tavrel ") + TavrelVersionString);
   app.add_option("--charts", arguments.charts, "The folder that holds the .fv files")
@@ -59,12 +89,13 @@ void define(CLI::App& app, Arguments& arguments) {
       ->add_option("NAME", arguments.name, "A flowchart's name or title")
       ->required();
   defineWalk(app, arguments);
+  defineCompile(app, invocation);
 }
 
 void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
-  throw Failure("list, intro or walk must stand here; 'tavrel --help' shows the usage");
+  throw Failure("list, intro, walk or compile must stand here; 'tavrel --help' shows the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {
@@ -79,12 +110,12 @@ int fail(const std::string& what) {
 }
 
 int run(int argc, char** argv) try {
-  Arguments arguments;
+  Invocation invocation;
   CLI::App app("Walks you through contract-bridge bidding flowcharts.", "tavrel");
-  define(app, arguments);
+  define(app, invocation);
   parse(app, argc, argv);
   std::cout.flush();
-  return 0;
+  return invocation.status;
 } catch (const std::ios_base::failure&) {
   return fail(std::string("cannot write to standard output: ") + std::strerror(errno));
 } catch (const std::exception& error) {

@@ -1,4 +1,4 @@
-#include "drawing/Text.h"
+#include "text/Text.h"
 
 #include <gtest/gtest.h>
 

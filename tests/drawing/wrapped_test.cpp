@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "drawing/Text.h"
+#include "text/Text.h"
 
 namespace tavrel {
 namespace {

@@ -4,8 +4,8 @@
 // character of its own, so every function here takes any bytes. Costs are linear
 // in the text.
 
-#ifndef TAVREL_DRAWING_TEXT_H
-#define TAVREL_DRAWING_TEXT_H
+#ifndef TAVREL_TEXT_TEXT_H
+#define TAVREL_TEXT_TEXT_H
 
 #include <string>
 #include <string_view>
@@ -60,4 +60,4 @@ std::vector<std::string> flowed(const std::vector<std::string>& lines, int width
 
 }  // namespace tavrel
 
-#endif  // TAVREL_DRAWING_TEXT_H
+#endif  // TAVREL_TEXT_TEXT_H

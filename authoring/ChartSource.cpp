@@ -1,0 +1,20 @@
+#include "authoring/ChartSource.h"
+
+namespace tavrel::authoring {
+
+std::string ChartSource::nameOf(BoxNumber box) const {
+  const SourceBox& named = (*this)[box];
+  if (!named.id.empty()) return named.id;
+  std::string text;
+  for (const std::string& line : named.text.lines) text += (text.empty() ? "" : " ") + line;
+  return "\"" + text + "\"";
+}
+
+ChartGraph ChartSource::graph() const {
+  ChartGraph graph;
+  graph.root = start;
+  for (const SourceBox& box : boxes) graph.boxes.push_back({box.exits, box.turn});
+  return graph;
+}
+
+}  // namespace tavrel::authoring

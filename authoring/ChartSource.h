@@ -1,0 +1,61 @@
+// A chart as its author wrote it.
+
+#ifndef TAVREL_AUTHORING_CHARTSOURCE_H
+#define TAVREL_AUTHORING_CHARTSOURCE_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "authoring/ChartGraph.h"
+#include "authoring/SourceFile.h"
+
+namespace tavrel::authoring {
+
+/// The columns that a line in a box takes at most, where the author has not said.
+constexpr int usualWidth = 24;
+
+/// Lines of text, and where they stand in the source.
+struct SourceText {
+  Place place;
+  std::vector<std::string> lines;
+};
+
+/// Another chart that a box leads into.
+struct SourceLink {
+  Place place;
+  std::string chart;
+};
+
+/// A box as it stands in the source; suits are written as ♣ ♦ ♥ ♠.
+struct SourceBox {
+  std::string id;  ///< empty for a box that stands inline without one
+  Place place;
+  SourceText text;     ///< as it will stand in the box
+  SourceText comment;  ///< wrapped
+  std::optional<SourceLink> link;
+  ByAnswer<BoxNumber> exits = {noBox, noBox};
+  ByAnswer<Place> exitPlaces;
+  Turn turn = Turn::right;
+};
+
+struct ChartSource {
+  std::string chart;  ///< the file name of the catalogue that it is for
+  Place chartPlace;
+  SourceText intro;
+  bool isEntry = false;  ///< players come in from the table
+  BoxNumber start = noBox;
+  std::vector<SourceBox> boxes;  ///< in the author's order, inline ones behind the box they are in
+
+  const SourceBox& operator[](BoxNumber box) const { return boxes[static_cast<std::size_t>(box)]; }
+
+  /// What a message calls a box: its id, or its text.
+  std::string nameOf(BoxNumber box) const;
+
+  ChartGraph graph() const;
+};
+
+}  // namespace tavrel::authoring
+
+#endif  // TAVREL_AUTHORING_CHARTSOURCE_H

@@ -1,0 +1,49 @@
+#include "authoring/Compiler.h"
+
+#include <utility>
+#include <variant>
+
+#include "authoring/FvWriter.h"
+#include "authoring/Layout.h"
+
+namespace tavrel::authoring {
+namespace {
+
+void report(const NoWayBack& problem, const ChartSource& source, Diagnostics& found) {
+  found.add(Code::noWayBack, source[problem.from].place,
+            "there is no way to draw the line from " + source.nameOf(problem.from) + " back to " +
+                source.nameOf(problem.to),
+            "repeat some boxes under other ids instead of going back");
+}
+
+void report(const TooManyCells& problem, const ChartSource& source, Diagnostics& found) {
+  found.add(Code::tooManyCells, source[problem.mostRepeated].place,
+            "the chart takes too many cells: " + source.nameOf(problem.mostRepeated) +
+                " would stand there " + std::to_string(problem.times) + " times",
+            "let fewer boxes lead to it, or put what follows into a chart of its own");
+}
+
+void report(const Layout& layout, const ChartSource& source, Diagnostics& found) {
+  for (const BoxNumber box : layout.repeated) {
+    found.add(Code::repeated, source[box].place,
+              "no line can be drawn to " + source.nameOf(box) +
+                  " from everywhere, so it is repeated with all that follows",
+              "");
+  }
+}
+
+}  // namespace
+
+std::optional<CompiledChart> compile(const SourceFile& file, const Catalogue& catalogue,
+                                     Diagnostics& found) {
+  std::optional<ChartSource> source = readSource(file, catalogue, found);
+  if (!source) return std::nullopt;
+  const auto outcome = layOut(source->graph());
+  std::visit([&](const auto& each) { report(each, *source, found); }, outcome);
+  const auto* layout = std::get_if<Layout>(&outcome);
+  if (layout == nullptr) return std::nullopt;
+  std::string bytes = fvFile(*source, layout->chart);
+  return CompiledChart{std::move(*source), std::move(bytes)};
+}
+
+}  // namespace tavrel::authoring

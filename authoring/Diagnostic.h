@@ -1,0 +1,95 @@
+// What is wrong with a file, and how to mend it.
+
+#ifndef TAVREL_AUTHORING_DIAGNOSTIC_H
+#define TAVREL_AUTHORING_DIAGNOSTIC_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "authoring/SourceFile.h"
+
+namespace tavrel::authoring {
+
+enum class Severity : std::uint8_t { error, warning, note };
+
+/// "error", "warning" or "note".
+const char* nameOf(Severity severity);
+
+/// What can be found. A number never changes its meaning, and is never used again. Of each
+/// hundred: 1 the text of a source, 2 its meaning, 3 its drawing, 4 the file of a chart, 5 its
+/// way, 6 what readers make of it, 7 charts together. docs/diagnostics.md has a section for each.
+enum class Code : std::uint16_t {
+  tooLarge = 101,
+  notUtf8 = 102,
+  byteOrderMark = 103,
+  controlCharacter = 104,
+  tab = 105,
+  bracketsTooDeep = 106,
+  nestingTooDeep = 107,
+  tooManyValues = 108,
+  syntax = 109,
+  tag = 110,
+  anchor = 111,
+  alias = 112,
+  mergeKey = 113,
+  noValue = 114,
+  secondDocument = 115,
+  doubleKey = 116,
+  mustBeQuoted = 117,
+  unquotedInBraces = 118,
+  quoteNotClosed = 119,
+
+  notAMap = 201,
+  unknownKey = 202,
+  missingKey = 203,
+  wrongType = 204,
+  badId = 205,
+  doubleId = 206,
+  unknownId = 207,
+  unknownChart = 208,
+  wrongFileName = 209,
+  emptyText = 210,
+
+  noWayBack = 301,
+  tooManyCells = 302,
+  repeated = 303,
+};
+
+/// "T0109".
+std::string nameOf(Code code);
+
+Severity severityOf(Code code);
+
+/// One thing that was found.
+struct Diagnostic {
+  Code code;
+  Place place;
+  std::string text;  ///< what is wrong; no full stop at its end
+  std::string cure;  ///< what to do about it; may be empty
+};
+
+/// What was found in one file, in the order in which it stands there.
+class Diagnostics {
+ public:
+  void add(Code code, Place place, std::string text, std::string cure = {});
+
+  /// Sorted by place; what was found first comes first at one place.
+  std::vector<Diagnostic> sorted() const;
+
+  std::size_t count(Severity severity) const;
+  bool hasErrors() const { return count(Severity::error) > 0; }
+
+ private:
+  std::vector<Diagnostic> all_;
+};
+
+/// A diagnostic for people: "file:line:col: error: text [T0109]", the line, a caret below the
+/// place and, where one is known, the cure. Lines end with a line feed.
+std::string shown(const Diagnostic& diagnostic, const SourceFile& file);
+
+}  // namespace tavrel::authoring
+
+#endif  // TAVREL_AUTHORING_DIAGNOSTIC_H

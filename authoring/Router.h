@@ -1,0 +1,59 @@
+// Lines between boxes on the grid: along free cells, with the fewest bends and, among those,
+// the shortest.
+
+#ifndef TAVREL_AUTHORING_ROUTER_H
+#define TAVREL_AUTHORING_ROUTER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "authoring/GridChart.h"
+
+namespace tavrel::authoring {
+
+/// A line from a box to a box: the direction in which it leaves the first, and its cells.
+/// Direction::none for no line.
+struct Line {
+  Direction exit = Direction::none;
+  std::vector<PlacedConnector> connectors;
+};
+
+/// A grid that fills with boxes and lines. Nothing on it ever crosses or touches another.
+class Router {
+ public:
+  /// `mostSteps` bounds the search for one line.
+  explicit Router(std::size_t mostSteps) : mostSteps_(mostSteps) {}
+
+  void addBox(Cell cell);
+
+  /// A straight line from a box to the one `distance` cells further. REQUIRES: the cells
+  /// between are free.
+  Line straight(Cell from, Direction exit, std::int32_t distance);
+
+  /// The best line there is now, its cells taken; `wanted` is the exit of several that are as
+  /// good. No line where none is found.
+  Line route(Cell from, Cell to, Direction wanted);
+
+ private:
+  struct Area {
+    Cell least, most;
+  };
+
+  bool isFree(Cell cell) const { return taken_.count(keyOf(cell)) == 0; }
+  static std::uint64_t keyOf(Cell cell) {
+    return std::uint64_t{static_cast<std::uint32_t>(cell.x)} << 32 |
+           static_cast<std::uint32_t>(cell.y);
+  }
+  void take(Cell cell);
+
+  std::size_t mostSteps_;
+  std::unordered_set<std::uint64_t> taken_;
+  Area area_ = {};  // of all that is taken
+};
+
+}  // namespace tavrel::authoring
+
+#endif  // TAVREL_AUTHORING_ROUTER_H

@@ -1,0 +1,80 @@
+#include "authoring/SourceScreening.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "text/Utf8.h"
+
+namespace tavrel::authoring {
+namespace {
+
+constexpr std::size_t mostBytes = 2'000'000;
+constexpr int deepestBrackets = 20;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t nowhere = std::string_view::npos;
+
+template <typename IsWanted>
+std::size_t firstOf(std::string_view bytes, const IsWanted& isWanted) {
+  const auto found = std::find_if(bytes.begin(), bytes.end(), isWanted);
+  return found == bytes.end() ? nowhere : static_cast<std::size_t>(found - bytes.begin());
+}
+
+bool isControl(char byte) {
+  const auto value = static_cast<unsigned char>(byte);
+  return (value < ' ' && byte != '\n' && byte != '\t') || value == 0x7F;
+}
+
+// Counted wherever they stand: texts close what they open, or nearly so.
+std::size_t firstTooDeep(std::string_view bytes) {
+  int depth = 0;
+  return firstOf(bytes, [&depth](char byte) {
+    if (byte == '{' || byte == '[') ++depth;
+    if ((byte == '}' || byte == ']') && depth > 0) --depth;
+    return depth > deepestBrackets;
+  });
+}
+
+struct Check {
+  Code code;
+  std::size_t (*firstIn)(std::string_view bytes);
+  const char* text;
+  const char* cure;
+};
+
+constexpr Check checks[] = {
+    {Code::notUtf8, firstThatIsNotUtf8, "the bytes here are not UTF-8",
+     "save the file in the encoding UTF-8"},
+    {Code::byteOrderMark,
+     [](std::string_view bytes) {
+       return bytes.substr(0, byteOrderMark.size()) == byteOrderMark ? 0 : nowhere;
+     },
+     "the file begins with a byte order mark", "save the file as UTF-8 without a byte order mark"},
+    {Code::controlCharacter, [](std::string_view bytes) { return firstOf(bytes, isControl); },
+     "a control character stands here",
+     "take it away; of carriage returns: save the file with plain line feeds"},
+    {Code::tab, [](std::string_view bytes) { return bytes.find('\t'); }, "a tab stands here",
+     "write blanks instead"},
+    {Code::bracketsTooDeep, firstTooDeep, "more than 20 brackets and braces are open here",
+     "close them, or write the boxes one below the other"},
+};
+
+}  // namespace
+
+bool mayBeRead(const SourceFile& file, Diagnostics& found) {
+  if (file.bytes().size() > mostBytes) {
+    found.add(Code::tooLarge, {}, "the file is larger than 2 MB",
+              "no chart needs that: split it into several");
+    return false;
+  }
+  bool may = true;
+  for (const Check& check : checks) {
+    const std::size_t place = check.firstIn(file.bytes());
+    if (place == nowhere) continue;
+    found.add(check.code, file.placeOf(place), check.text, check.cure);
+    may = false;
+  }
+  return may;
+}
+
+}  // namespace tavrel::authoring

@@ -1,0 +1,287 @@
+#include "authoring/Yaml.h"
+
+#include <yaml-cpp/eventhandler.h>
+#include <yaml-cpp/exceptions.h>
+#include <yaml-cpp/mark.h>
+#include <yaml-cpp/parser.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "authoring/SourceScreening.h"
+#include "authoring/YamlTraps.h"
+
+namespace tavrel::authoring {
+namespace {
+
+constexpr std::size_t deepestNesting = 20;
+constexpr std::size_t mostValues = 100'000;
+
+using Kind = YamlValue::Kind;
+using Style = YamlValue::Style;
+
+// Ends the reading where going on makes no sense; its diagnostic is written.
+struct Unreadable {};
+
+// Builds values from the events of yaml-cpp. What an author may not use is left out: a value
+// that is dropped takes its key with it.
+class Builder : public YAML::EventHandler {
+ public:
+  Builder(const SourceFile& file, Diagnostics& found) : file_(file), found_(found) {}
+
+  std::optional<YamlValue> take() { return std::move(document_); }
+
+  void OnDocumentStart(const YAML::Mark& mark) override {
+    if (documents_++ == 0) return;
+    found_.add(Code::secondDocument, placeOf(mark), "a second document begins here",
+               "write one chart a file");
+    throw Unreadable();
+  }
+  void OnDocumentEnd() override {}
+
+  void OnNull(const YAML::Mark& mark, YAML::anchor_t) override {
+    count(mark);
+    reportNull(mark);
+    drop();
+  }
+
+  void OnAlias(const YAML::Mark& mark, YAML::anchor_t) override {
+    count(mark);
+    found_.add(Code::alias, placeOf(mark), "aliases are not read", quoteIt);
+    drop();
+  }
+
+  void OnScalar(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
+                const std::string& text) override {
+    count(mark);
+    if (!isPlainNode(mark, tag, anchor)) return drop();
+    YamlValue value;
+    value.place = placeOf(mark);
+    value.isInFlow = !open_.empty() && open_.back().value.isInFlow;
+    value.style = styleAt(mark);
+    value.text = text;
+    checkQuotes(mark, value);
+    add(std::move(value));
+  }
+
+  void OnSequenceStart(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
+                       YAML::EmitterStyle::value style) override {
+    begin(Kind::list, mark, tag, anchor, style);
+  }
+  void OnSequenceEnd() override { end(); }
+
+  void OnMapStart(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
+                  YAML::EmitterStyle::value style) override {
+    begin(Kind::map, mark, tag, anchor, style);
+  }
+  void OnMapEnd() override { end(); }
+
+ private:
+  // A map or list that is being read.
+  struct Open {
+    YamlValue value;
+    bool isDropped;
+    bool hasKey = false;
+    bool isKeyDropped = false;
+    std::unordered_set<std::string> keys;
+    std::string key;
+    Place keyPlace;
+  };
+
+  std::size_t offsetOf(const YAML::Mark& mark) const {
+    const auto line =
+        std::min(static_cast<std::size_t>(std::max(mark.line, 0)) + 1, file_.lineCount());
+    return file_.startOf(line) + static_cast<std::size_t>(std::max(mark.column, 0));
+  }
+
+  Place placeOf(const YAML::Mark& mark) const { return file_.placeOf(offsetOf(mark)); }
+
+  char byteAt(const YAML::Mark& mark) const {
+    const std::size_t offset = offsetOf(mark);
+    return offset < file_.bytes().size() ? file_.bytes()[offset] : '\0';
+  }
+
+  void count(const YAML::Mark& mark) {
+    if (++values_ <= mostValues) return;
+    found_.add(Code::tooManyValues, placeOf(mark), "the file has more than 100,000 values",
+               "no chart needs that: split it into several");
+    throw Unreadable();
+  }
+
+  bool isPlainNode(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor) {
+    if (!tag.empty() && tag != "?" && tag != "!") {
+      found_.add(Code::tag, placeOf(mark),
+                 "YAML takes " + tag + " for a tag, which would be dropped", quoteIt);
+      return false;
+    }
+    if (anchor != YAML::NullAnchor) {
+      found_.add(Code::anchor, placeOf(mark),
+                 "YAML takes this for an anchor, which would be dropped", quoteIt);
+      return false;
+    }
+    return true;
+  }
+
+  Style styleAt(const YAML::Mark& mark) const {
+    switch (byteAt(mark)) {
+      case '"':
+        return Style::doubleQuoted;
+      case '\'':
+        return Style::singleQuoted;
+      case '|':
+      case '>':
+        return Style::block;
+      default:
+        return Style::plain;
+    }
+  }
+
+  // The reader of YAML takes the end of the file for a closing quote.
+  void checkQuotes(const YAML::Mark& mark, const YamlValue& value) {
+    if (value.style != Style::doubleQuoted && value.style != Style::singleQuoted) return;
+    if (closingQuote(file_.bytes(), offsetOf(mark)) != std::string_view::npos) return;
+    found_.add(Code::quoteNotClosed, value.place, "this quote is never closed",
+               "close it at the end of the text");
+    throw Unreadable();
+  }
+
+  // The mark of a value that isn't there is that of what comes next.
+  void reportNull(const YAML::Mark& mark) {
+    const bool hasKey = !open_.empty() && open_.back().hasKey;
+    const Place place = hasKey ? open_.back().keyPlace : placeOf(mark);
+    const std::optional<Trap> trap = trapIn(file_.line(place.line));
+    if (trap) {
+      found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(place.line) + trap->offset),
+                 trap->text, quoteIt);
+    } else {
+      found_.add(Code::noValue, place, "there is no value here", "write one, or take the key away");
+    }
+  }
+
+  void begin(Kind kind, const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
+             YAML::EmitterStyle::value style) {
+    count(mark);
+    if (open_.size() == deepestNesting) {
+      found_.add(Code::nestingTooDeep, placeOf(mark), "values are nested deeper than 20 here",
+                 "give boxes ids, and write them one below the other");
+      throw Unreadable();
+    }
+    Open open;
+    open.isDropped = !isPlainNode(mark, tag, anchor);
+    open.value.kind = kind;
+    open.value.place = placeOf(mark);
+    open.value.isInFlow = style == YAML::EmitterStyle::Flow;
+    open_.push_back(std::move(open));
+  }
+
+  void end() {
+    Open closed = std::move(open_.back());
+    open_.pop_back();
+    if (closed.isDropped) return drop();
+    add(std::move(closed.value));
+  }
+
+  // The value that comes now takes its place, or becomes the key of the next.
+  void add(YamlValue value) {
+    if (open_.empty()) {
+      document_ = std::move(value);
+    } else if (open_.back().value.kind == Kind::list) {
+      open_.back().value.items.push_back(std::move(value));
+    } else if (!open_.back().hasKey) {
+      beginEntry(std::move(value));
+    } else {
+      endEntry(std::move(value));
+    }
+  }
+
+  void drop() {
+    if (open_.empty() || open_.back().value.kind == Kind::list) return;
+    Open& map = open_.back();
+    if (map.hasKey) {
+      map.hasKey = false;
+    } else {
+      map.hasKey = map.isKeyDropped = true;
+    }
+  }
+
+  void beginEntry(YamlValue key) {
+    Open& map = open_.back();
+    map.hasKey = true;
+    map.isKeyDropped = !mayBeKey(key);
+    map.key = std::move(key.text);
+    map.keyPlace = key.place;
+  }
+
+  bool mayBeKey(const YamlValue& key) {
+    if (key.kind != Kind::text) {
+      found_.add(Code::wrongType, key.place, "a key has to be a word",
+                 "write a word before a colon");
+      return false;
+    }
+    if (key.text == "<<" && key.style == Style::plain) {
+      found_.add(Code::mergeKey, key.place, "merge keys are not read", "write out what is meant");
+      return false;
+    }
+    if (open_.back().keys.insert(key.text).second) return true;
+    found_.add(Code::doubleKey, key.place, "the key " + key.text + " stands here a second time",
+               "keep one of the two");
+    return false;
+  }
+
+  void endEntry(YamlValue value) {
+    Open& map = open_.back();
+    map.hasKey = false;
+    if (map.isKeyDropped) return;
+    map.value.entries.push_back({std::move(map.key), map.keyPlace, std::move(value)});
+  }
+
+  const SourceFile& file_;
+  Diagnostics& found_;
+  std::optional<YamlValue> document_;
+  std::vector<Open> open_;
+  std::size_t values_ = 0;
+  std::size_t documents_ = 0;
+};
+
+// A trap on the line where yaml-cpp gave up is the likeliest cause, and says what to do.
+void reportSyntax(const YAML::ParserException& problem, const SourceFile& file,
+                  Diagnostics& found) {
+  const auto number =
+      std::min(static_cast<std::size_t>(std::max(problem.mark.line, 0)) + 1, file.lineCount());
+  const std::size_t start = file.startOf(number);
+  if (const std::optional<Trap> trap = trapIn(file.line(number))) {
+    found.add(Code::mustBeQuoted, file.placeOf(start + trap->offset), trap->text, quoteIt);
+    return;
+  }
+  const auto column = static_cast<std::size_t>(std::max(problem.mark.column, 0));
+  found.add(Code::syntax, file.placeOf(start + column), "this is no YAML: " + problem.msg,
+            "look at the indentation, the colons and the brackets here and on the line before");
+}
+
+}  // namespace
+
+const YamlEntry* YamlValue::find(const std::string& key) const {
+  const auto found = std::find_if(entries.begin(), entries.end(),
+                                  [&key](const YamlEntry& entry) { return entry.key == key; });
+  return found == entries.end() ? nullptr : &*found;
+}
+
+std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {
+  if (!mayBeRead(file, found)) return std::nullopt;
+  Builder builder(file, found);
+  try {
+    std::istringstream stream{std::string(file.bytes())};
+    YAML::Parser parser(stream);
+    while (parser.HandleNextDocument(builder)) {
+    }
+  } catch (const YAML::ParserException& problem) {
+    reportSyntax(problem, file, found);
+  } catch (const Unreadable&) {
+  }
+  return builder.take();
+}
+
+}  // namespace tavrel::authoring

@@ -1,0 +1,36 @@
+// Where YAML doesn't read what an author means.
+
+#ifndef TAVREL_AUTHORING_YAMLTRAPS_H
+#define TAVREL_AUTHORING_YAMLTRAPS_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavrel::authoring {
+
+/// What is wrong with a value that wants quotes.
+struct Trap {
+  std::size_t offset;  ///< in the line, in bytes
+  std::string text;
+};
+
+/// The cure of them all.
+extern const char* const quoteIt;
+
+/// A trap in a line of the form "key: value", with or without "- " before it; nothing where
+/// there is none. A value that stands in quotes from end to end has none.
+std::optional<Trap> trapIn(std::string_view line);
+
+/// Where in a line the plain text that begins at an offset is followed by what YAML takes for
+/// a comment; npos for none.
+std::size_t commentBehind(std::string_view line, std::size_t offset);
+
+/// Where the quoted text that begins at an offset ends: the offset of its closing quote, npos
+/// for none.
+std::size_t closingQuote(std::string_view bytes, std::size_t offset);
+
+}  // namespace tavrel::authoring
+
+#endif  // TAVREL_AUTHORING_YAMLTRAPS_H

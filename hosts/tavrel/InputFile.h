@@ -1,0 +1,18 @@
+// Files that the program reads whole.
+
+#ifndef TAVREL_HOSTS_TAVREL_INPUTFILE_H
+#define TAVREL_HOSTS_TAVREL_INPUTFILE_H
+
+#include <filesystem>
+
+#include "authoring/SourceFile.h"
+
+namespace tavrel {
+
+/// The file's bytes; "-" is standard input. Throws Failure when it can't be read, or is larger
+/// than 64 MB.
+authoring::SourceFile readInput(const std::filesystem::path& path);
+
+}  // namespace tavrel
+
+#endif  // TAVREL_HOSTS_TAVREL_INPUTFILE_H

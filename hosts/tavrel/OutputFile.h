@@ -1,0 +1,18 @@
+// Files that the program writes.
+
+#ifndef TAVREL_HOSTS_TAVREL_OUTPUTFILE_H
+#define TAVREL_HOSTS_TAVREL_OUTPUTFILE_H
+
+#include <filesystem>
+#include <string_view>
+
+namespace tavrel {
+
+/// Writes the bytes to a temporary file beside the path, and then renames it: nobody sees half
+/// of it, and what stood there stays if something goes wrong. "-" is standard output. Throws
+/// Failure when it can't be written.
+void writeOutput(const std::filesystem::path& path, std::string_view bytes);
+
+}  // namespace tavrel
+
+#endif  // TAVREL_HOSTS_TAVREL_OUTPUTFILE_H
