@@ -76,6 +76,13 @@ class Diagnostics {
  public:
   void add(Code code, Place place, std::string text, std::string cure = {});
 
+  std::size_t size() const { return all_.size(); }
+
+  /// Forgets all but the first `size` that were found.
+  void forgetFrom(std::size_t size) {
+    all_.erase(all_.begin() + static_cast<std::ptrdiff_t>(size), all_.end());
+  }
+
   /// Sorted by place; what was found first comes first at one place.
   std::vector<Diagnostic> sorted() const;
 

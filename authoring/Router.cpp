@@ -3,75 +3,73 @@
 #include <algorithm>
 #include <cstdlib>
 #include <queue>
-#include <tuple>
+#include <vector>
 
 namespace tavrel::authoring {
 namespace {
 
-// What a line costs: every bend counts more than any length.
-struct Cost {
-  std::int32_t bends = 0;
-  std::int32_t length = 0;
-  std::int32_t detours = 0;  // 1 for an exit that isn't the wanted one
-
-  friend bool operator<(const Cost& a, const Cost& b) {
-    return std::tie(a.bends, a.length, a.detours) < std::tie(b.bends, b.length, b.detours);
-  }
-  friend Cost operator+(const Cost& a, const Cost& b) {
-    return {a.bends + b.bends, a.length + b.length, a.detours + b.detours};
-  }
-};
+// What a line costs, in one number to compare: every bend counts more than any length, and an
+// exit that isn't the wanted one decides between lines that are alike.
+using Cost = std::uint64_t;
+constexpr Cost detourCost = 1;
+constexpr Cost stepCost = 2;
+constexpr Cost bendCost = Cost{1} << 28;
 
 bool isAcross(Direction direction) {
   return direction == Direction::right || direction == Direction::left;
 }
 
-// Whether the direction leads toward the distance, however far.
-bool leadsToward(Direction direction, std::int32_t across, std::int32_t down) {
-  const Cell step = moved({0, 0}, direction);
-  return step.x * across > 0 || step.y * down > 0;
-}
-
-// The least that a line still costs that has come to `from` in a direction.
-Cost leastFurther(Cell from, Direction direction, Cell to) {
-  const std::int32_t across = to.x - from.x, down = to.y - from.y;
-  const std::int32_t length = std::abs(across) + std::abs(down);
+// The fewest bends of a line that has come to a cell in a direction and goes on `across` and
+// `down` from there.
+unsigned fewestBends(Direction direction, std::int32_t across, std::int32_t down) {
   const std::int32_t ahead = isAcross(direction) ? across : down;
   const std::int32_t aside = isAcross(direction) ? down : across;
-  if (aside == 0) return {ahead == 0 || leadsToward(direction, across, down) ? 0 : 2, length, 0};
-  return {ahead == 0 || leadsToward(direction, isAcross(direction) ? across : 0,
-                                    isAcross(direction) ? 0 : down)
-              ? 1
-              : 2,
-          length, 0};
+  const Cell step = moved({0, 0}, direction);
+  const bool leadsAway = ahead * (step.x + step.y) < 0;
+  if (leadsAway) return 2;
+  return aside == 0 ? 0 : 1;
 }
+
+// The least that it still costs.
+Cost leastFurther(Cell from, Direction direction, Cell to) {
+  const std::int32_t across = to.x - from.x, down = to.y - from.y;
+  const auto length = static_cast<Cost>(std::abs(across) + std::abs(down));
+  return fewestBends(direction, across, down) * bendCost + length * stepCost;
+}
+
+// Whether a line may be tried that comes to one cell in several directions. It may then have
+// the fewest bends of all, or cross itself.
+enum class Crossing : std::uint8_t { tried, excluded };
 
 // One search: cells in the order of the least that a line through them may cost.
 class Search {
  public:
-  Search(Cell to, std::size_t mostSteps) : to_(to), mostSteps_(mostSteps) {}
+  Search(Cell to, std::size_t mostSteps, Crossing crossing)
+      : to_(to), mostSteps_(mostSteps), crossing_(crossing) {}
 
   void start(Cell cell, Direction direction, bool isWanted) {
-    push({cell, direction, {0, 1, isWanted ? 0 : 1}}, noPlace);
+    push({cell, direction, noPlace, stepCost + (isWanted ? 0 : detourCost)});
   }
 
-  // `isFree` says whether a line may pass a cell.
+  // `isFree` says whether a line may pass a cell. REQUIRES: those started from are free.
   template <typename IsFree>
   bool run(const IsFree& isFree) {
-    while (!open_.empty() && reached_.size() < mostSteps_) {
-      const Step step = open_.top().step;
-      const std::size_t place = open_.top().place;
+    while (!open_.empty() && settled_.size() < mostSteps_) {
+      end_ = open_.top().place;
       open_.pop();
-      if (!settled_.insert(keyOf(step)).second) continue;
-      reached_.push_back({step.cell, step.direction, place});
+      const Step step = steps_[end_];
+      if (!settle(step)) continue;
       if (step.cell == to_) return true;
-      if (!isFree(step.cell)) continue;
-      for (const Direction direction : directions) {
-        if (direction == opposite(step.direction)) continue;
-        const std::int32_t bends = direction == step.direction ? 0 : 1;
-        push({moved(step.cell, direction), direction, step.cost + Cost{bends, 1, 0}},
-             reached_.size() - 1);
-      }
+      goOn(step, isFree);
+    }
+    return false;
+  }
+
+  // After a successful run: whether the line comes to a cell twice.
+  bool crossesItself() const {
+    CellSet cells;
+    for (std::uint32_t at = steps_[end_].before; at != noPlace; at = steps_[at].before) {
+      if (!cells.insert(steps_[at].cell)) return true;
     }
     return false;
   }
@@ -79,63 +77,70 @@ class Search {
   // After a successful run: the line, from its exit on.
   Line line() const {
     Line line;
-    Direction outOf = reached_.back().direction;
-    std::size_t place = reached_.back().before;
-    for (; place != noPlace; place = reached_[place].before) {
-      line.connectors.push_back({reached_[place].cell, reached_[place].direction, outOf});
-      outOf = reached_[place].direction;
+    line.exit = steps_[end_].direction;
+    for (std::uint32_t at = steps_[end_].before; at != noPlace; at = steps_[at].before) {
+      line.connectors.push_back({steps_[at].cell, steps_[at].direction, line.exit});
+      line.exit = steps_[at].direction;
     }
-    line.exit = outOf;
     std::reverse(line.connectors.begin(), line.connectors.end());
     return line;
   }
 
  private:
-  static constexpr std::size_t noPlace = static_cast<std::size_t>(-1);
+  static constexpr auto noPlace = static_cast<std::uint32_t>(-1);
 
   struct Step {
     Cell cell;
-    Direction direction;  // in which it is entered
+    Direction direction;   // in which it is entered
+    std::uint32_t before;  // its place in steps_
     Cost cost;
   };
   struct Open {
     Cost least;  // of the whole line
-    std::size_t order;
-    Step step;
-    std::size_t place;                                     // of the cell before, in reached_
+    std::uint32_t place;
     friend bool operator<(const Open& a, const Open& b) {  // the last is taken first
-      if (b.least < a.least) return true;
-      return !(a.least < b.least) && a.order > b.order;
+      return a.least != b.least ? a.least > b.least : a.place > b.place;
     }
   };
-  struct Reached {
-    Cell cell;
-    Direction direction;
-    std::size_t before;
-  };
 
-  void push(const Step& step, std::size_t place) {
-    open_.push({step.cost + leastFurther(step.cell, step.direction, to_), pushed_++, step, place});
+  void push(const Step& step) {
+    steps_.push_back(step);
+    open_.push({step.cost + leastFurther(step.cell, step.direction, to_),
+                static_cast<std::uint32_t>(steps_.size() - 1)});
   }
 
-  static std::uint64_t keyOf(const Step& step) {
-    return std::uint64_t{static_cast<std::uint32_t>(step.cell.x)} << 34 ^
-           std::uint64_t{static_cast<std::uint32_t>(step.cell.y)} << 2 ^
-           static_cast<std::uint64_t>(step.direction);
+  // What can't be passed, or was passed for less, needn't wait for its turn.
+  template <typename IsFree>
+  void goOn(const Step& step, const IsFree& isFree) {
+    const auto place = static_cast<std::uint32_t>(end_);
+    for (const Direction direction : directions) {
+      if (direction == opposite(step.direction)) continue;
+      const Cell next = moved(step.cell, direction);
+      if (settled_.holds(next, numberOf(direction)) || (next != to_ && !isFree(next))) continue;
+      const Cost bend = direction == step.direction ? 0 : bendCost;
+      push({next, direction, place, step.cost + stepCost + bend});
+    }
   }
+
+  unsigned numberOf(Direction direction) const {
+    return crossing_ == Crossing::tried ? static_cast<unsigned>(direction) : 0;
+  }
+
+  bool settle(const Step& step) { return settled_.insert(step.cell, numberOf(step.direction)); }
 
   Cell to_;
   std::size_t mostSteps_;
-  std::size_t pushed_ = 0;
+  Crossing crossing_;
+  std::vector<Step> steps_;
   std::priority_queue<Open> open_;
-  std::unordered_set<std::uint64_t> settled_;
-  std::vector<Reached> reached_;
+  CellSet settled_;
+  std::size_t end_ = 0;  // the step that was looked at last
 };
 
 }  // namespace
 
 void Router::take(Cell cell) {
-  taken_.insert(keyOf(cell));
+  taken_.insert(cell);
   area_.least = {std::min(area_.least.x, cell.x), std::min(area_.least.y, cell.y)};
   area_.most = {std::max(area_.most.x, cell.x), std::max(area_.most.y, cell.y)};
 }
@@ -158,14 +163,22 @@ Line Router::route(Cell from, Cell to, Direction wanted) {
     return cell.x >= within.least.x && cell.y >= within.least.y && cell.x <= within.most.x &&
            cell.y <= within.most.y && isFree(cell);
   };
-  Search search(to, mostSteps_);
-  for (const Direction exit : directions) {
-    if (isOpen(moved(from, exit))) search.start(moved(from, exit), exit, exit == wanted);
+  if (std::none_of(directions.begin(), directions.end(),
+                   [&](Direction side) { return isOpen(moved(to, side)); })) {
+    return {};
   }
-  if (!search.run(isOpen)) return {};
-  Line line = search.line();
-  for (const PlacedConnector& connector : line.connectors) take(connector.cell);
-  return line;
+  for (const Crossing crossing : {Crossing::tried, Crossing::excluded}) {
+    Search search(to, mostSteps_, crossing);
+    for (const Direction exit : directions) {
+      if (isOpen(moved(from, exit))) search.start(moved(from, exit), exit, exit == wanted);
+    }
+    if (!search.run(isOpen)) return {};
+    if (search.crossesItself()) continue;
+    Line line = search.line();
+    for (const PlacedConnector& connector : line.connectors) take(connector.cell);
+    return line;
+  }
+  return {};
 }
 
 }  // namespace tavrel::authoring

@@ -6,10 +6,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
+#include "authoring/CellSet.h"
 #include "authoring/GridChart.h"
 
 namespace tavrel::authoring {
@@ -42,15 +41,11 @@ class Router {
     Cell least, most;
   };
 
-  bool isFree(Cell cell) const { return taken_.count(keyOf(cell)) == 0; }
-  static std::uint64_t keyOf(Cell cell) {
-    return std::uint64_t{static_cast<std::uint32_t>(cell.x)} << 32 |
-           static_cast<std::uint32_t>(cell.y);
-  }
+  bool isFree(Cell cell) const { return !taken_.holds(cell); }
   void take(Cell cell);
 
   std::size_t mostSteps_;
-  std::unordered_set<std::uint64_t> taken_;
+  CellSet taken_;
   Area area_ = {};  // of all that is taken
 };
 

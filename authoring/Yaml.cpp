@@ -34,6 +34,14 @@ class Builder : public YAML::EventHandler {
 
   std::optional<YamlValue> take() { return std::move(document_); }
 
+  // Where reading breaks off between brackets, what was found there may be the reader's own
+  // making.
+  void forgetOpenBrackets() {
+    const auto bracket = std::find_if(open_.begin(), open_.end(),
+                                      [](const Open& open) { return open.value.isInFlow; });
+    if (bracket != open_.end()) found_.forgetFrom(bracket->foundBefore);
+  }
+
   void OnDocumentStart(const YAML::Mark& mark) override {
     if (documents_++ == 0) return;
     found_.add(Code::secondDocument, placeOf(mark), "a second document begins here",
@@ -84,6 +92,7 @@ class Builder : public YAML::EventHandler {
   struct Open {
     YamlValue value;
     bool isDropped;
+    std::size_t foundBefore = 0;  // how many diagnostics there were when it began
     bool hasKey = false;
     bool isKeyDropped = false;
     std::unordered_set<std::string> keys;
@@ -174,6 +183,7 @@ class Builder : public YAML::EventHandler {
     open.value.kind = kind;
     open.value.place = placeOf(mark);
     open.value.isInFlow = style == YAML::EmitterStyle::Flow;
+    open.foundBefore = found_.size();
     open_.push_back(std::move(open));
   }
 
@@ -278,6 +288,7 @@ std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {
     while (parser.HandleNextDocument(builder)) {
     }
   } catch (const YAML::ParserException& problem) {
+    builder.forgetOpenBrackets();
     reportSyntax(problem, file, found);
   } catch (const Unreadable&) {
   }

@@ -1,0 +1,160 @@
+// Where boxes stand, and which way their lines go.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "authoring/Layout.h"
+#include "tests/authoring/Grid.h"
+
+namespace tavrel::authoring {
+namespace {
+
+using Picture = std::vector<std::string>;
+
+Layout laidOut(const ChartGraph& graph) {
+  const auto outcome = layOut(graph);
+  const auto* const layout = std::get_if<Layout>(&outcome);
+  if (layout == nullptr) {
+    ADD_FAILURE() << "no layout";
+    return {};
+  }
+  EXPECT_EQ(GridCheck(layout->chart, graph).fault(), "");
+  return *layout;
+}
+
+Picture picture(const ChartGraph& graph) { return pictureOf(laidOut(graph).chart); }
+
+TEST(Layout, OfOneBoxIsThatBox) { EXPECT_EQ(picture(graphOf({{-1, -1}})), (Picture{"0"})); }
+
+TEST(Layout, PutsYesBesideAndNoBelow) {
+  EXPECT_EQ(picture(graphOf({{1, 2}, {-1, -1}, {-1, -1}})), (Picture{"01",  //
+                                                                     "|",   //
+                                                                     "2"}));
+}
+
+TEST(Layout, TurnsABoxThatIsToldTo) {
+  ChartGraph graph = graphOf({{1, 2}, {-1, -1}, {-1, -1}});
+  graph.boxes[0].turn = Turn::down;
+  EXPECT_EQ(picture(graph), (Picture{"02",  //
+                                     "|",   //
+                                     "1"}));
+}
+
+TEST(Layout, PacksSubtreesByTheirOutlines) {
+  // What hangs below 0 moves up beside what hangs below 1, one column further.
+  EXPECT_EQ(picture(graphOf({{1, 2}, {-1, 3}, {-1, 5}, {-1, 4}, {-1, -1}, {-1, -1}})),
+            (Picture{"01",  //
+                     "||",  //
+                     "23",  //
+                     "||",  //
+                     "54"}));
+}
+
+TEST(Layout, KeepsSubtreesApart) {
+  EXPECT_EQ(picture(graphOf({{1, 2}, {-1, 3}, {4, -1}, {-1, -1}, {-1, -1}})), (Picture{"01",  //
+                                                                                       "||",  //
+                                                                                       "|3",  //
+                                                                                       "24"}));
+}
+
+TEST(Layout, RepeatsAnEndThatSeveralLeadTo) {
+  const Layout layout = laidOut(graphOf({{1, 2}, {-1, -1}, {1, 1}}));
+  EXPECT_EQ(pictureOf(layout.chart), (Picture{"01",  //
+                                              "|",   //
+                                              "21",  //
+                                              "|",   //
+                                              "1"}));
+  EXPECT_TRUE(layout.repeated.empty());
+}
+
+TEST(Layout, DrawsALineToABoxThatSeveralLeadTo) {
+  const Layout layout =
+      laidOut(graphOf({{1, 2}, {-1, -1}, {3, 4}, {-1, 4}, {5, 6}, {-1, -1}, {-1, -1}}));
+  EXPECT_EQ(pictureOf(layout.chart), (Picture{"0-1",    //
+                                              "|",      //
+                                              "2-3",    //
+                                              "| |",    //
+                                              "+-4-5",  //
+                                              "  |",    //
+                                              "  6"}));
+  EXPECT_TRUE(layout.repeated.empty());
+}
+
+TEST(Layout, DrawsALineBackToAnEarlierBox) {
+  EXPECT_EQ(picture(graphOf({{1, 2}, {-1, 0}, {-1, -1}})), (Picture{"+-+",  //
+                                                                    "0-1",  //
+                                                                    "|",    //
+                                                                    "2"}));
+}
+
+TEST(Layout, DrawsALineFromABoxToItself) {
+  EXPECT_EQ(
+      GridCheck(laidOut(graphOf({{0, 1}, {-1, -1}})).chart, graphOf({{0, 1}, {-1, -1}})).fault(),
+      "");
+}
+
+TEST(Layout, RepeatsWhatNoLineLeadsTo) {
+  // Five questions lead to 6, which has but two free sides.
+  const ChartGraph graph =
+      graphOf({{6, 1}, {6, 2}, {6, 3}, {6, 4}, {6, 5}, {-1, -1}, {7, 8}, {-1, -1}, {-1, -1}});
+  const Layout layout = laidOut(graph);
+  EXPECT_EQ(layout.repeated, (std::vector<BoxNumber>{6}));
+}
+
+TEST(Layout, SaysWhichLineBackHasNoWay) {
+  // Every box leads back to the root, which has two exits and four sides.
+  const auto outcome = layOut(graphOf({{1, 2}, {0, 3}, {0, 4}, {0, 5}, {0, 6}, {0, -1}, {0, -1}}));
+  const auto* const problem = std::get_if<NoWayBack>(&outcome);
+  ASSERT_NE(problem, nullptr);
+  EXPECT_EQ(problem->to, 0);
+}
+
+TEST(Layout, LeavesOutWhatCannotBeReached) {
+  EXPECT_EQ(picture(graphOf({{1, -1}, {-1, -1}, {1, -1}})), (Picture{"01"}));
+}
+
+TEST(Layout, StartsAtTheRootWhereverItStandsInTheSource) {
+  ChartGraph graph = graphOf({{-1, -1}, {0, 2}, {-1, -1}});
+  graph.root = 1;
+  EXPECT_EQ(picture(graph), (Picture{"10",  //
+                                     "|",   //
+                                     "2"}));
+}
+
+// Questions in a chain, each of which leads to the next by yes and by no.
+ChartGraph ladder(BoxNumber count) {
+  ChartGraph graph;
+  for (BoxNumber box = 0; box < count; ++box)
+    graph.boxes.push_back({{box + 1, box + 1}, Turn::right});
+  graph.boxes.push_back({});
+  return graph;
+}
+
+TEST(Layout, DrawsChainsThatBothAnswersFollow) { laidOut(ladder(40)); }
+
+// Every box of a layer leads to two of the next, so that copies would double from layer to
+// layer.
+ChartGraph layers(BoxNumber count, BoxNumber width) {
+  ChartGraph graph;
+  const BoxNumber last = count * width;
+  for (BoxNumber box = 0; box < last; ++box) {
+    const BoxNumber next = (box / width + 1) * width;
+    graph.boxes.push_back(
+        {{next + (box * 7 + 1) % width, next + (box * 3 + 2) % width}, Turn::right});
+  }
+  for (BoxNumber end = 0; end < width; ++end) graph.boxes.push_back({});
+  return graph;
+}
+
+TEST(Layout, EndsWhereCopiesWouldTakeTooManyCells) {
+  const auto outcome = layOut(layers(30, 8));
+  const auto* const problem = std::get_if<TooManyCells>(&outcome);
+  ASSERT_NE(problem, nullptr);
+  EXPECT_GT(problem->times, 1U);
+}
+
+}  // namespace
+}  // namespace tavrel::authoring

@@ -1,0 +1,169 @@
+// What a source may say, and what is found where it says something else.
+
+#include "authoring/SourceReader.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/authoring/Found.h"
+
+namespace tavrel::authoring {
+namespace {
+
+using Found = std::vector<std::string>;
+using Strings = std::vector<std::string>;
+
+const Catalogue catalogue = {"Opening", "RespNT", "Stayman"};
+
+ChartSource sourceOf(const std::string& text) {
+  Diagnostics found;
+  const auto source = readSource(SourceFile("Opening.yaml", text), catalogue, found);
+  EXPECT_EQ(placesOf(found), Found{}) << text;
+  return source.value_or(ChartSource());
+}
+
+Found found(const std::string& text) {
+  Diagnostics found;
+  const auto source = readSource(SourceFile("Opening.yaml", text), catalogue, found);
+  EXPECT_EQ(source.has_value(), !found.hasErrors());
+  return placesOf(found);
+}
+
+// A chart with these lines for its one box, the first of them line 5, indented by four.
+std::string withBox(const std::string& lines) {
+  return "chart: Opening\nstart: a\nboxes:\n  a:\n" + lines;
+}
+
+TEST(SourceReader, ReadsAChart) {
+  const ChartSource chart = sourceOf(
+      "chart: Opening  # a comment\n"
+      "intro: |\n"
+      "  When to use it.\n"
+      "start: strong\n"
+      "boxes:\n"
+      "  strong:\n"
+      "    text: 22+ HCP, or 9+ playing tricks?\n"
+      "    comment: With hearts, !h.\n"
+      "    yes: open\n"
+      "    no: {text: \"Open 1NT\", chart: RespNT}\n"
+      "  open: {text: \"Open 2!c\", comment: \"Forcing.\"}\n");
+  EXPECT_EQ(chart.chart, "Opening");
+  EXPECT_EQ(chart.intro.lines, Strings{"When to use it."});
+  EXPECT_FALSE(chart.isEntry);
+  EXPECT_EQ(chart.start, 0);
+  ASSERT_EQ(chart.boxes.size(), 3U);
+  EXPECT_EQ(chart[0].id, "strong");
+  EXPECT_EQ(chart[0].text.lines, (Strings{"22+ HCP, or 9+", "playing tricks?"}));
+  EXPECT_EQ(chart[0].comment.lines, Strings{"With hearts, ♥."});
+  EXPECT_EQ(chart[0].exits.yes, 2);
+  EXPECT_EQ(chart[0].exits.no, 1);
+  EXPECT_EQ(chart[1].id, "");
+  EXPECT_EQ(chart[1].text.lines, Strings{"Open 1NT"});
+  ASSERT_TRUE(chart[1].link.has_value());
+  EXPECT_EQ(chart[1].link->chart, "RespNT");
+  EXPECT_EQ(chart[2].text.lines, Strings{"Open 2♣"});
+  EXPECT_EQ(chart.nameOf(0), "strong");
+  EXPECT_EQ(chart.nameOf(1), "\"Open 1NT\"");
+}
+
+TEST(SourceReader, KnowsEntriesTurnsAndWidths) {
+  const ChartSource chart = sourceOf(
+      "chart: Opening\nentry: true\nturn: down\nwidth: 10\nstart: a\nboxes:\n"
+      "  a:\n    text: twelve or more?\n    yes: {id: b, text: \"one two three\", turn: right}\n");
+  EXPECT_TRUE(chart.isEntry);
+  EXPECT_EQ(chart[0].turn, Turn::down);
+  EXPECT_EQ(chart[0].text.lines, (Strings{"twelve", "or more?"}));
+  EXPECT_EQ(chart[1].turn, Turn::right);
+  EXPECT_EQ(chart[1].id, "b");
+}
+
+TEST(SourceReader, FindsSettingsWhereverTheyStand) {
+  const ChartSource chart =
+      sourceOf("boxes:\n  a:\n    text: one two\nstart: a\nwidth: 8\nchart: Opening\n");
+  EXPECT_EQ(chart[0].text.lines, Strings{"one two"});
+}
+
+TEST(SourceReader, WantsAChartAStartAndBoxes) {
+  EXPECT_EQ(found(""), Found{"1:1 T0201"});
+  EXPECT_EQ(found("- a\n"), Found{"1:1 T0201"});
+  EXPECT_EQ(found("start: a\nboxes:\n  a: {text: \"x\"}\n"), Found{"1:1 T0203"});
+  EXPECT_EQ(found("chart: Opening\nboxes:\n  a: {text: \"x\"}\n"), Found{"1:1 T0203"});
+  EXPECT_EQ(found("chart: Opening\nstart: a\n"), (Found{"1:1 T0203", "2:8 T0207"}));
+}
+
+TEST(SourceReader, NamesUnknownKeys) {
+  EXPECT_EQ(found(withBox("    text: x\n") + "color: red\n"), Found{"6:1 T0202"});
+  EXPECT_EQ(found(withBox("    text: x\n    maybe: b\n")), Found{"6:5 T0202"});
+  EXPECT_EQ(found(withBox("    text: x\n    id: b\n")), Found{"6:5 T0202"});
+}
+
+TEST(SourceReader, NamesValuesOfTheWrongType) {
+  EXPECT_EQ(found(withBox("    text: {a: b}\n")), Found{"5:11 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n    comment: [a]\n")), Found{"6:14 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n    yes: [a]\n")), Found{"6:10 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n    turn: left\n")), Found{"6:11 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n") + "entry: yes\n"), Found{"6:8 T0204"});
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes: [a]\n"), (Found{"2:8 T0207", "3:8 T0204"}));
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: x\n"), (Found{"2:8 T0207", "4:6 T0204"}));
+}
+
+TEST(SourceReader, TakesWidthsFromEightToEighty) {
+  for (const char* width : {"8", "80"}) {
+    EXPECT_EQ(found(withBox("    text: x\n") + "width: " + width + "\n"), Found{});
+  }
+  for (const char* width : {"7", "81", "-8", "9999999999", "x", "8.5"}) {
+    EXPECT_EQ(found(withBox("    text: x\n") + "width: " + width + "\n"), Found{"6:8 T0204"});
+  }
+}
+
+TEST(SourceReader, WantsIdsOfLettersDigitsAndHyphens) {
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: {text: \"x\"}\n  b c: {text: \"x\"}\n"),
+            Found{"5:3 T0205"});
+  EXPECT_EQ(found(withBox("    text: x\n    yes: {id: \"é\", text: \"y\"}\n")),
+            Found{"6:15 T0205"});
+}
+
+TEST(SourceReader, NamesIdsThatStandTwice) {
+  EXPECT_EQ(found(withBox("    text: x\n    yes: {id: a, text: \"y\"}\n")), Found{"6:15 T0206"});
+}
+
+TEST(SourceReader, NamesIdsThatNoBoxHas) {
+  EXPECT_EQ(found(withBox("    text: x\n    no: nowhere\n")), Found{"6:9 T0207"});
+  EXPECT_EQ(found("chart: Opening\nstart: b\nboxes:\n  a: {text: \"x\"}\n"), Found{"2:8 T0207"});
+}
+
+TEST(SourceReader, NamesChartsThatTheCatalogueHasNot) {
+  EXPECT_EQ(found("chart: opening\nstart: a\nboxes:\n  a: {text: \"x\"}\n"), Found{"1:8 T0208"});
+  EXPECT_EQ(found(withBox("    text: x\n    chart: Openings\n")), Found{"6:12 T0208"});
+}
+
+TEST(SourceReader, WantsATextInEveryBox) {
+  EXPECT_EQ(found(withBox("    comment: x\n")), Found{"4:3 T0203"});
+  EXPECT_EQ(found(withBox("    text: \"\"\n")), Found{"5:11 T0210"});
+  EXPECT_EQ(found(withBox("    text: \" \"\n")), Found{"5:11 T0210"});
+}
+
+TEST(SourceReader, WantsTextsInBracesQuoted) {
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: {text: x}\n"), Found{"4:13 T0118"});
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: {text: 'x'}\n"), Found{"4:13 T0118"});
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: {text: \"x\", comment: y}\n"),
+            Found{"4:27 T0118"});
+}
+
+TEST(SourceReader, DropsNoPartOfATextForAComment) {
+  EXPECT_EQ(found(withBox("    text: 5+ HCP #1 suit?\n")), Found{"5:18 T0117"});
+  EXPECT_EQ(found(withBox("    text: \"5+ HCP #1 suit?\"  # a comment\n")), Found{});
+  EXPECT_EQ(found(withBox("    text: 5+ HCP#1 suit?\n")), Found{});
+}
+
+TEST(SourceReader, SaysEverythingThatIsWrongAtOnce) {
+  EXPECT_EQ(
+      found("chart: Nope\nstart: b\ncolor: red\nboxes:\n  a:\n    text: !c x\n    yes: c\n"),
+      (Found{"1:8 T0208", "2:8 T0207", "3:1 T0202", "5:3 T0203", "6:11 T0110", "7:10 T0207"}));
+}
+
+}  // namespace
+}  // namespace tavrel::authoring

@@ -1,0 +1,169 @@
+// YAML without what surprises an author.
+
+#include "authoring/Yaml.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/authoring/Found.h"
+
+namespace tavrel::authoring {
+namespace {
+
+using Found = std::vector<std::string>;
+
+// A value in one line: texts as they are, maps in braces, lists in brackets.
+std::string described(const YamlValue& value) {
+  std::string all;
+  switch (value.kind) {
+    case YamlValue::Kind::text:
+      return value.text;
+    case YamlValue::Kind::map:
+      for (const YamlEntry& entry : value.entries) {
+        all += (all.empty() ? "" : ", ") + entry.key + "=" + described(entry.value);
+      }
+      return "{" + all + "}";
+    default:
+      for (const YamlValue& item : value.items) all += (all.empty() ? "" : ", ") + described(item);
+      return "[" + all + "]";
+  }
+}
+
+std::string read(const std::string& text) {
+  Diagnostics found;
+  const std::optional<YamlValue> value = readYaml(SourceFile("a.yaml", text), found);
+  EXPECT_EQ(placesOf(found), Found{}) << text;
+  return value ? described(*value) : "nothing";
+}
+
+Found found(const std::string& text) {
+  Diagnostics found;
+  readYaml(SourceFile("a.yaml", text), found);
+  return placesOf(found);
+}
+
+TEST(Yaml, ReadsMapsListsAndTexts) {
+  EXPECT_EQ(read("a: b\nc: {d: e}\nf:\n  - g\n  - h\n"), "{a=b, c={d=e}, f=[g, h]}");
+  EXPECT_EQ(read("a: |\n  one\n\n  two\nb: >\n  one\n  two\n"), "{a=one\n\ntwo\n, b=one two\n}");
+  EXPECT_EQ(read("--- \na: \"b: #c\" # a comment\n"), "{a=b: #c}");
+  EXPECT_EQ(read("a: 'it''s'\nb: \"say \\\"x\\\"\"\n"), "{a=it's, b=say \"x\"}");
+}
+
+TEST(Yaml, OfAnEmptyFileIsNothing) {
+  EXPECT_EQ(read(""), "nothing");
+  EXPECT_EQ(read("# a comment\n"), "nothing");
+}
+
+TEST(Yaml, KnowsHowTextsAreWritten) {
+  Diagnostics found;
+  const SourceFile file("a.yaml", "a: x\nb: 'x'\nc: \"x\"\nd: |\n  x\ne: {f: x}\n");
+  const std::optional<YamlValue> value = readYaml(file, found);
+  ASSERT_TRUE(value.has_value());
+  const auto style = [&](const char* key) { return value->find(key)->value.style; };
+  EXPECT_EQ(style("a"), YamlValue::Style::plain);
+  EXPECT_EQ(style("b"), YamlValue::Style::singleQuoted);
+  EXPECT_EQ(style("c"), YamlValue::Style::doubleQuoted);
+  EXPECT_EQ(style("d"), YamlValue::Style::block);
+  EXPECT_FALSE(value->find("a")->value.isInFlow);
+  EXPECT_TRUE(value->find("e")->value.find("f")->value.isInFlow);
+  EXPECT_EQ(value->find("g"), nullptr);
+}
+
+TEST(Yaml, CountsPlacesInCharacters) {
+  Diagnostics found;
+  const std::optional<YamlValue> value = readYaml(SourceFile("a.yaml", "é: {♣: x}\n"), found);
+  ASSERT_TRUE(value.has_value());
+  EXPECT_EQ(value->entries[0].value.entries[0].value.place, (Place{1, 8}));
+}
+
+TEST(Yaml, RefusesTagsAnchorsAliasesAndMergeKeys) {
+  EXPECT_EQ(found("a: !c foo\n"), Found{"1:4 T0110"});
+  EXPECT_EQ(found("a: !!map {b: c}\n"), Found{"1:4 T0110"});
+  EXPECT_EQ(found("a: &x y\nb: z\n"), Found{"1:4 T0111"});
+  EXPECT_EQ(found("a: &x {b: c}\nb: *x\n"), (Found{"1:4 T0111", "2:4 T0112"}));
+  EXPECT_EQ(found("<<: {a: b}\nc: d\n"), Found{"1:1 T0113"});
+}
+
+TEST(Yaml, RefusesMissingValues) {
+  EXPECT_EQ(found("a:\nb: c\n"), Found{"1:1 T0114"});
+  EXPECT_EQ(found("a: ~\n"), Found{"1:1 T0114"});
+  EXPECT_EQ(found("a: null\n"), Found{"1:1 T0114"});
+  EXPECT_EQ(found("- \n- a\n"), Found{"2:1 T0114"});
+}
+
+TEST(Yaml, RefusesASecondDocument) { EXPECT_EQ(found("a: b\n---\nc: d\n"), Found{"2:1 T0115"}); }
+
+TEST(Yaml, RefusesAKeyThatStandsTwice) {
+  EXPECT_EQ(found("a: b\nc: d\na: e\n"), Found{"3:1 T0116"});
+}
+
+TEST(Yaml, KeepsTheFirstOfTwoLikeKeys) {
+  Diagnostics found;
+  const std::optional<YamlValue> value = readYaml(SourceFile("a.yaml", "a: b\na: c\n"), found);
+  ASSERT_TRUE(value.has_value());
+  EXPECT_EQ(described(*value), "{a=b}");
+}
+
+TEST(Yaml, SaysWhereAValueWantsQuotes) {
+  EXPECT_EQ(found("a: #1 suit\nb: c\n"), Found{"1:4 T0117"});
+  EXPECT_EQ(found("a: >5 cards\n"), Found{"1:4 T0117"});
+  EXPECT_EQ(found("a: |x\n"), Found{"1:4 T0117"});
+  EXPECT_EQ(found("a: *x\n"), Found{"1:4 T0117"});
+  EXPECT_EQ(found("a: %x\n"), Found{"1:4 T0117"});
+  EXPECT_EQ(found("a: @x\n"), Found{"1:4 T0117"});
+  EXPECT_EQ(found("a: \"x\" y\n"), Found{"1:8 T0117"});
+  EXPECT_EQ(found("a: 'x' y\n"), Found{"1:8 T0117"});
+  EXPECT_EQ(found("a: x: y\n"), Found{"1:5 T0117"});
+  EXPECT_EQ(found("  a: é: y\n"), Found{"1:7 T0117"});
+}
+
+TEST(Yaml, SaysWhereAQuoteIsNotClosed) {
+  EXPECT_EQ(found("a: \"x\nb: c\n"), Found{"1:4 T0119"});
+  EXPECT_EQ(found("a: b\nc: 'it''s\n"), Found{"2:4 T0119"});
+}
+
+TEST(Yaml, EndsAtAnErrorOfSyntaxAndSaysWhere) {
+  EXPECT_EQ(found("a: [b\n"), Found{"2:1 T0109"});
+  EXPECT_EQ(found("a:\n  b: c\n d: e\n"), Found{"3:2 T0109"});
+}
+
+TEST(Yaml, GoesOnAfterEveryOtherError) {
+  EXPECT_EQ(found("a: !x b\nc: &y d\ne: ~\n"), (Found{"1:4 T0110", "2:4 T0111", "3:1 T0114"}));
+}
+
+TEST(Yaml, RefusesBytesThatAreNoText) {
+  EXPECT_EQ(found("a: \xFF\n"), Found{"1:4 T0102"});
+  EXPECT_EQ(found("\xEF\xBB\xBF"
+                  "a: b\n"),
+            Found{"1:1 T0103"});
+  EXPECT_EQ(found(std::string("a: b\0c\n", 7)), Found{"1:5 T0104"});
+  EXPECT_EQ(found("a: b\r\n"), Found{"1:5 T0104"});
+  EXPECT_EQ(found("a:\tb\n"), Found{"1:3 T0105"});
+}
+
+TEST(Yaml, RefusesBracketsWithoutEnd) {
+  EXPECT_EQ(found("a: " + std::string(500'000, '{')), Found{"1:24 T0106"});
+  EXPECT_EQ(found("a: " + std::string(500'000, '[')), Found{"1:24 T0106"});
+}
+
+TEST(Yaml, RefusesNestingWithoutEnd) {
+  std::string text;
+  for (int depth = 0; depth < 21; ++depth) text += std::string(depth, ' ') + "a:\n";
+  EXPECT_EQ(found(text + std::string(21, ' ') + "b: c\n"), Found{"21:21 T0107"});
+  EXPECT_EQ(found(std::string(21 * 2, ' ').replace(0, 42, std::string()) +
+                  "- - - - - - - - - - - - - - - - - - - - - x\n"),
+            Found{"1:41 T0107"});
+}
+
+TEST(Yaml, RefusesMoreThanItCanBeMeant) {
+  std::string text;
+  for (int i = 0; i < 100'001; ++i) text += "- a\n";
+  EXPECT_EQ(found(text), Found{"100000:3 T0108"});
+  EXPECT_EQ(found(std::string(2'000'001, '#')), Found{"1:1 T0101"});
+}
+
+}  // namespace
+}  // namespace tavrel::authoring
