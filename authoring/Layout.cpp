@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -22,18 +24,17 @@ constexpr std::size_t mostCellsPerBox = 8;
 constexpr std::size_t fewBoxes = 1000;
 constexpr std::size_t mostStepsOfFew = 200'000;
 constexpr std::size_t mostStepsOfMany = 10'000;
-
-bool isSame(const LineStart& a, const LineStart& b) {
-  return a.node == b.node && a.answer == b.answer;
-}
+constexpr std::size_t leastStepsInAll = 4'000'000;  // of all searches together
+constexpr std::size_t mostStepsPerBox = 500;        // the same
+constexpr int mostRounds = 30;
 
 class Drawing {
  public:
-  Drawing(const ChartGraph& graph, const Unfolding& tree)
+  Drawing(const ChartGraph& graph, const Unfolding& tree, std::size_t& stepsLeft)
       : graph_(graph),
         tree_(tree),
         cells_(treeLayout(tree, graph, tree.lines().empty() ? inTrees : withLines)),
-        router_(tree.nodes().size() <= fewBoxes ? mostStepsOfFew : mostStepsOfMany) {
+        router_(tree.nodes().size() <= fewBoxes ? mostStepsOfFew : mostStepsOfMany, stepsLeft) {
     for (const Cell& cell : cells_) router_.addBox(cell);
     for (std::size_t node = 0; node < cells_.size(); ++node) {
       chart_.boxes.push_back({tree_.nodes()[node].box, cells_[node], {}});
@@ -43,7 +44,7 @@ class Drawing {
   }
 
   // Draws the lines, those in `first` before all others. Returns those that have no way.
-  std::vector<LineStart> drawLines(const std::vector<LineStart>& first) {
+  std::vector<LineStart> drawLines(const std::set<LineStart>& first) {
     std::vector<LineStart> missing;
     for (const LineStart& line : inOrder(first)) {
       const Cell from = cellOf(line.node);
@@ -79,22 +80,20 @@ class Drawing {
         const NodeNumber child = tree_[node].children[answer];
         if (child == noNode) continue;
         const Cell from = cellOf(node), to = cellOf(child);
-        const LineStart line = {node, answer};
+        const LineStart line = {node, answer, false};
         put(line, router_.straight(from, wantedOf(line), to.x - from.x + to.y - from.y));
       }
     }
   }
 
   // Lines back come first, since nothing can take their place; then short ones.
-  std::vector<LineStart> inOrder(const std::vector<LineStart>& first) const {
+  std::vector<LineStart> inOrder(const std::set<LineStart>& first) const {
     using Rank = std::tuple<bool, bool, std::int64_t>;
     std::vector<std::pair<Rank, LineStart>> ranked;
     for (const LineStart& line : tree_.lines()) {
       const Cell from = cellOf(line.node), to = cellOf(tree_[line.node].lines[line.answer]);
-      const bool isFirst = std::any_of(first.begin(), first.end(),
-                                       [&](const LineStart& each) { return isSame(each, line); });
       const auto distance = std::int64_t{std::abs(from.x - to.x)} + std::abs(from.y - to.y);
-      ranked.push_back({{!isFirst, !tree_.isLoop(line), distance}, line});
+      ranked.push_back({{first.count(line) == 0, !line.isLoop, distance}, line});
     }
     std::stable_sort(ranked.begin(), ranked.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
@@ -130,32 +129,72 @@ std::vector<BoxNumber> repeatedQuestions(const Unfolding& tree, const ChartGraph
   return boxes;
 }
 
+// Draws a chart again and again: with lines back first that had no way, and with boxes repeated
+// that no line leads to.
+class Rounds {
+ public:
+  explicit Rounds(const ChartGraph& graph)
+      : graph_(graph),
+        mostCells_(std::max(leastCellsAllowed, mostCellsPerBox * graph.boxes.size())),
+        stepsLeft_(std::max(leastStepsInAll, mostStepsPerBox * graph.boxes.size())),
+        tree_(graph) {}
+
+  std::variant<Layout, NoWayBack, TooManyCells> run() {
+    for (int round = 1; tree_.nodes().size() <= mostCells_; ++round) {
+      Drawing drawing(graph_, tree_, stepsLeft_);
+      std::vector<LineStart> missing = drawing.drawLines(first_);
+      if (missing.empty()) return Layout{drawing.take(), repeatedQuestions(tree_, graph_)};
+      if (const auto hopeless = firstHopeless(missing)) return *hopeless;
+      if (putFirst(missing)) continue;
+      if (round >= mostRounds) missing = forwardLines();
+      if (!repeatAll(missing)) break;
+    }
+    return tooManyCells(tree_, graph_.boxes.size());
+  }
+
+ private:
+  // A line back that had no way although it came before all others.
+  std::optional<NoWayBack> firstHopeless(const std::vector<LineStart>& missing) const {
+    const auto found = std::find_if(missing.begin(), missing.end(), [this](const LineStart& line) {
+      return first_.count(line) > 0;
+    });
+    if (found == missing.end()) return std::nullopt;
+    const TreeNode& from = tree_[found->node];
+    return NoWayBack{from.box, tree_[from.lines[found->answer]].box};
+  }
+
+  bool putFirst(const std::vector<LineStart>& missing) {
+    const std::size_t before = first_.size();
+    for (const LineStart& line : missing) {
+      if (line.isLoop) first_.insert(line);
+    }
+    return first_.size() > before;
+  }
+
+  std::vector<LineStart> forwardLines() const {
+    std::vector<LineStart> lines = tree_.lines();
+    lines.erase(std::remove_if(lines.begin(), lines.end(),
+                               [](const LineStart& line) { return line.isLoop; }),
+                lines.end());
+    return lines;
+  }
+
+  bool repeatAll(const std::vector<LineStart>& lines) {
+    return std::all_of(lines.begin(), lines.end(),
+                       [this](const LineStart& line) { return tree_.repeat(line, mostCells_); });
+  }
+
+  const ChartGraph& graph_;
+  std::size_t mostCells_;
+  std::size_t stepsLeft_;
+  Unfolding tree_;
+  std::set<LineStart> first_;
+};
+
 }  // namespace
 
 std::variant<Layout, NoWayBack, TooManyCells> layOut(const ChartGraph& graph) {
-  const std::size_t mostCells = std::max(leastCellsAllowed, mostCellsPerBox * graph.boxes.size());
-  Unfolding tree(graph);
-  std::vector<LineStart> first;  // lines back for which there was no way in an earlier turn
-  while (true) {
-    if (tree.nodes().size() > mostCells) return tooManyCells(tree, graph.boxes.size());
-    Drawing drawing(graph, tree);
-    const std::vector<LineStart> missing = drawing.drawLines(first);
-    if (missing.empty()) return Layout{drawing.take(), repeatedQuestions(tree, graph)};
-    bool isNew = false;
-    for (const LineStart& line : missing) {
-      if (!tree.isLoop(line)) continue;
-      const bool wasFirst = std::any_of(first.begin(), first.end(),
-                                        [&](const LineStart& each) { return isSame(each, line); });
-      if (wasFirst)
-        return NoWayBack{tree[line.node].box, tree[tree[line.node].lines[line.answer]].box};
-      first.push_back(line);
-      isNew = true;
-    }
-    if (isNew) continue;
-    for (const LineStart& line : missing) {
-      if (!tree.repeat(line, mostCells)) return tooManyCells(tree, graph.boxes.size());
-    }
-  }
+  return Rounds(graph).run();
 }
 
 }  // namespace tavrel::authoring

@@ -65,6 +65,8 @@ class Search {
     return false;
   }
 
+  std::size_t steps() const { return settled_.size(); }
+
   // After a successful run: whether the line comes to a cell twice.
   bool crossesItself() const {
     CellSet cells;
@@ -168,11 +170,13 @@ Line Router::route(Cell from, Cell to, Direction wanted) {
     return {};
   }
   for (const Crossing crossing : {Crossing::tried, Crossing::excluded}) {
-    Search search(to, mostSteps_, crossing);
+    Search search(to, std::min(mostSteps_, stepsLeft_), crossing);
     for (const Direction exit : directions) {
       if (isOpen(moved(from, exit))) search.start(moved(from, exit), exit, exit == wanted);
     }
-    if (!search.run(isOpen)) return {};
+    const bool isFound = search.run(isOpen);
+    stepsLeft_ -= search.steps();
+    if (!isFound) return {};
     if (search.crossesItself()) continue;
     Line line = search.line();
     for (const PlacedConnector& connector : line.connectors) take(connector.cell);

@@ -23,8 +23,9 @@ struct Line {
 /// A grid that fills with boxes and lines. Nothing on it ever crosses or touches another.
 class Router {
  public:
-  /// `mostSteps` bounds the search for one line.
-  explicit Router(std::size_t mostSteps) : mostSteps_(mostSteps) {}
+  /// `mostSteps` bounds the search for one line; `stepsLeft`, which goes down, that for all.
+  Router(std::size_t mostSteps, std::size_t& stepsLeft)
+      : mostSteps_(mostSteps), stepsLeft_(stepsLeft) {}
 
   void addBox(Cell cell);
 
@@ -45,6 +46,7 @@ class Router {
   void take(Cell cell);
 
   std::size_t mostSteps_;
+  std::size_t& stepsLeft_;
   CellSet taken_;
   Area area_ = {};  // of all that is taken
 };

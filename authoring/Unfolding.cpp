@@ -75,6 +75,39 @@ std::vector<Exit> hangers(const ChartGraph& graph, const QuestionOrder& order) {
   return all;
 }
 
+template <typename List, typename Number>
+auto& at(List& list, Number node) {
+  return list[static_cast<std::size_t>(node)];
+}
+
+// Which nodes hang from which, asked as often as wanted: each node has a place in the order of
+// a walk through the tree, and all that hangs from it has the places right behind.
+class Ancestry {
+ public:
+  explicit Ancestry(const std::vector<TreeNode>& nodes)
+      : places_(nodes.size(), 0), sizes_(nodes.size(), 1) {
+    for (std::size_t node = nodes.size(); node-- > 1;)
+      at(sizes_, nodes[node].parent) += at(sizes_, node);
+    for (std::size_t node = 0; node < nodes.size(); ++node) {
+      std::size_t next = places_[node] + 1;
+      for (const Answer answer : answers) {
+        const NodeNumber child = nodes[node].children[answer];
+        if (child == noNode) continue;
+        at(places_, child) = next;
+        next += at(sizes_, child);
+      }
+    }
+  }
+
+  bool hangsFrom(NodeNumber node, NodeNumber ancestor) const {
+    const std::size_t first = at(places_, ancestor);
+    return at(places_, node) >= first && at(places_, node) < first + at(sizes_, ancestor);
+  }
+
+ private:
+  std::vector<std::size_t> places_, sizes_;
+};
+
 }  // namespace
 
 Unfolding::Unfolding(const ChartGraph& graph) : graph_(graph) { build(); }
@@ -103,7 +136,7 @@ void Unfolding::build() {
       const Exit& hanger = hanging[static_cast<std::size_t>(next)];
       const bool hangsHere = hanger.box == box && hanger.answer == answer;
       if (!hangsHere && !graph_[next].isEnd()) {
-        lines.push_back({node, answer});
+        lines.push_back({node, answer, false});
         continue;
       }
       const NodeNumber child = add(next, node);
@@ -119,20 +152,15 @@ void Unfolding::build() {
 }
 
 std::vector<LineStart> Unfolding::lines() const {
+  const Ancestry ancestry(nodes_);
   std::vector<LineStart> all;
   for (NodeNumber node = 0; node < static_cast<NodeNumber>(nodes_.size()); ++node) {
     for (const Answer answer : answers) {
-      if ((*this)[node].lines[answer] != noNode) all.push_back({node, answer});
+      const NodeNumber target = (*this)[node].lines[answer];
+      if (target != noNode) all.push_back({node, answer, ancestry.hangsFrom(node, target)});
     }
   }
   return all;
-}
-
-bool Unfolding::isLoop(const LineStart& line) const {
-  const NodeNumber target = (*this)[line.node].lines[line.answer];
-  NodeNumber node = line.node;
-  while (node > target) node = (*this)[node].parent;  // parents have smaller numbers
-  return node == target;
 }
 
 bool Unfolding::repeat(const LineStart& line, std::size_t mostNodes) {

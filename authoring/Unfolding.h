@@ -34,6 +34,11 @@ struct TreeNode {
 struct LineStart {
   NodeNumber node;
   Answer answer;
+  bool isLoop;  ///< the line leads back to a box that its own hangs from
+
+  friend bool operator<(const LineStart& a, const LineStart& b) {
+    return a.node != b.node ? a.node < b.node : a.answer < b.answer;
+  }
 };
 
 class Unfolding {
@@ -46,11 +51,8 @@ class Unfolding {
     return nodes_[static_cast<std::size_t>(node)];
   }
 
-  /// All lines, in the order of their nodes.
+  /// All lines, in the order of their nodes. Cost: one pass.
   std::vector<LineStart> lines() const;
-
-  /// Whether a line leads back to a box that its own hangs from.
-  bool isLoop(const LineStart& line) const;
 
   /// Puts a copy of what the line leads to, with all that hangs from it, in the line's place.
   /// Lines within the copy stay within it; others lead where they led. The copy stops before

@@ -8,6 +8,7 @@
 
 #include "authoring/Layout.h"
 #include "tests/authoring/Grid.h"
+#include "tests/authoring/RandomGraph.h"
 
 namespace tavrel::authoring {
 namespace {
@@ -154,6 +155,21 @@ TEST(Layout, EndsWhereCopiesWouldTakeTooManyCells) {
   const auto* const problem = std::get_if<TooManyCells>(&outcome);
   ASSERT_NE(problem, nullptr);
   EXPECT_GT(problem->times, 1U);
+}
+
+TEST(Layout, EndsWhereEveryBoxLeadsBack) {
+  constexpr BoxNumber count = 4'000;
+  ChartGraph graph;
+  for (BoxNumber box = 0; box < count; ++box) {
+    graph.boxes.push_back({{box / 2, box + 1}, Turn::right});
+  }
+  graph.boxes.push_back({});
+  EXPECT_TRUE(std::holds_alternative<NoWayBack>(layOut(graph)));
+}
+
+TEST(Layout, EndsWhereLinesLeadEverywhere) {
+  const ChartGraph graph = randomGraph(4'000, 2, false, 3);
+  EXPECT_FALSE(std::holds_alternative<NoWayBack>(layOut(graph)));
 }
 
 }  // namespace
