@@ -21,8 +21,8 @@ struct CatalogueEntry {
 /// The file names of the catalogue, in its order.
 std::vector<std::string> catalogueNames();
 
-/// The charts installed with this program, or those of its source tree when it
-/// runs from a build: found from where the program lies, so that both may move.
+/// The charts installed with this program, or those of the build that it runs from:
+/// found from where the program lies, so that both may move.
 std::filesystem::path defaultChartsDirectory();
 
 /// A directory of charts and the catalogue of what may be in it.

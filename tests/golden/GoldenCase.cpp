@@ -72,7 +72,6 @@ std::vector<Word> Places::expanded(std::vector<Word> words) const {
 
 std::string Places::abstracted(std::string text) const {
   text = replaced(std::move(text), here_.path().string(), "{here}");
-  text = replaced(std::move(text), TAVREL_DEFAULT_CHARTS, "{default charts}");
   return replaced(std::move(text), TAVREL_CHARTS, "{charts}");
 }
 
