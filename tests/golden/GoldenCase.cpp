@@ -35,6 +35,8 @@ Answer playStep(const Operation& operation, const Places& places, const PlayStep
   const ChartDirectory& here = places.here();
   if (operation.name == "chart") {
     here.write(takeName(operation), operation.chart);
+  } else if (operation.name == "source") {
+    writeFile(here.path() / (takeName(operation) + ".yaml"), operation.chart);
   } else if (operation.name == "use") {
     here.write(takeName(operation), goldenChart(takeName(operation)));
   } else if (operation.name == "directoryInsteadOfChart") {
