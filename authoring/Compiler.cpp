@@ -38,12 +38,12 @@ std::optional<CompiledChart> compile(const SourceFile& file, const Catalogue& ca
                                      Diagnostics& found) {
   std::optional<ChartSource> source = readSource(file, catalogue, found);
   if (!source) return std::nullopt;
-  const auto outcome = layOut(source->graph());
+  auto outcome = layOut(source->graph());
   std::visit([&](const auto& each) { report(each, *source, found); }, outcome);
-  const auto* layout = std::get_if<Layout>(&outcome);
+  auto* const layout = std::get_if<Layout>(&outcome);
   if (layout == nullptr) return std::nullopt;
   std::string bytes = fvFile(*source, layout->chart);
-  return CompiledChart{std::move(*source), std::move(bytes)};
+  return CompiledChart{std::move(*source), std::move(layout->chart), std::move(bytes)};
 }
 
 }  // namespace tavrel::authoring

@@ -8,6 +8,7 @@
 
 #include "authoring/ChartSource.h"
 #include "authoring/Diagnostic.h"
+#include "authoring/GridChart.h"
 #include "authoring/SourceFile.h"
 #include "authoring/SourceReader.h"
 
@@ -15,6 +16,7 @@ namespace tavrel::authoring {
 
 struct CompiledChart {
   ChartSource source;
+  GridChart grid;     ///< where the boxes of the source stand
   std::string bytes;  ///< of the .fv file
 };
 

@@ -242,7 +242,7 @@ class Reader {
     };
     if (id.empty()) keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
     readEntries(map, keys, "a box");
-    if (map.find("text") == nullptr) {
+    if (!map.has("text")) {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
     }
@@ -292,6 +292,7 @@ class Reader {
   BoxNumber numberOf(const YamlValue& id) {
     const auto found = numbers_.find(id.text);
     if (found != numbers_.end()) return found->second;
+    if (boxes_ != nullptr && boxes_->has(id.text)) return noBox;  // with an error of its own
     found_.add(Code::unknownId, id.place, "no box has the id " + id.text,
                "write a box of that id, or the id of another");
     return noBox;

@@ -212,6 +212,7 @@ class Builder : public YAML::EventHandler {
     Open& map = open_.back();
     if (map.hasKey) {
       map.hasKey = false;
+      map.value.dropped.push_back(std::move(map.key));
     } else {
       map.hasKey = map.isKeyDropped = true;
     }
@@ -277,6 +278,10 @@ const YamlEntry* YamlValue::find(const std::string& key) const {
   const auto found = std::find_if(entries.begin(), entries.end(),
                                   [&key](const YamlEntry& entry) { return entry.key == key; });
   return found == entries.end() ? nullptr : &*found;
+}
+
+bool YamlValue::has(const std::string& key) const {
+  return find(key) != nullptr || std::find(dropped.begin(), dropped.end(), key) != dropped.end();
 }
 
 std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {

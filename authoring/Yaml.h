@@ -27,11 +27,15 @@ struct YamlValue {
   bool isInFlow = false;       ///< between braces or brackets
   Style style = Style::plain;  ///< of a text
   std::string text;
-  std::vector<YamlEntry> entries;  ///< of a map, each key once, in the author's order
-  std::vector<YamlValue> items;    ///< of a list
+  std::vector<YamlEntry> entries;    ///< of a map, each key once, in the author's order
+  std::vector<std::string> dropped;  ///< keys of a map whose values are wrong and left out
+  std::vector<YamlValue> items;      ///< of a list
 
   /// The entry of that key, nullptr for none.
   const YamlEntry* find(const std::string& key) const;
+
+  /// Whether the author wrote that key, with a value that can be read or not.
+  bool has(const std::string& key) const;
 };
 
 struct YamlEntry {

@@ -42,7 +42,7 @@ Charts smallChart();
 Charts smallCharts();
 /// "big": one chart of 10,000 boxes and 40,000 connector cells.
 Charts bigChart();
-/// "real": the charts that come with the library.
+/// "real": three charts that people walk.
 Charts realCharts();
 
 /// The elements of the first of the charts, in stored order.

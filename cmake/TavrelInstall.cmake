@@ -32,7 +32,6 @@ if(TAVREL_BUILD_TOOLS)
   set_target_properties(tavrel_command PROPERTIES
     INSTALL_RPATH "$ORIGIN/${library_from_program}")
   install(TARGETS tavrel_command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  get_target_property(charts tavrel_charts TAVREL_CHART_FILES)
+  install(FILES ${charts} DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel/charts)
 endif()
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/charts
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel
-  FILES_MATCHING PATTERN "*.fv")

@@ -10,11 +10,13 @@
 #include <iostream>
 
 #include "hosts/tavrel/Answers.h"
+#include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Introduction.h"
 #include "hosts/tavrel/Library.h"
 #include "hosts/tavrel/LineWalk.h"
 #include "hosts/tavrel/ScreenWalk.h"
+#include "hosts/tavrel/SourceCharts.h"
 #include "hosts/tavrel/Terminal.h"
 #include "hosts/tavrel/Words.h"
 
@@ -23,14 +25,16 @@ namespace {
 
 using Answers = std::optional<std::string>;
 
-Library libraryOf(const Arguments& arguments) {
-  return Library(arguments.charts ? std::filesystem::path(*arguments.charts)
-                                  : defaultChartsDirectory());
+std::filesystem::path directoryOf(const Arguments& arguments) {
+  return arguments.charts ? std::filesystem::path(*arguments.charts) : defaultChartsDirectory();
 }
 
-void walkOnScreen(const Library& library, const CatalogueEntry* chart, const Answers& answers) {
+Library libraryOf(const Arguments& arguments) { return Library(directoryOf(arguments)); }
+
+void walkOnScreen(const Library& library, const CatalogueEntry* chart, const Answers& answers,
+                  SourceCharts* watched) {
   Terminal terminal;
-  ScreenWalk walk(library, terminal, localeCharset());
+  ScreenWalk walk(library, terminal, localeCharset(), watched);
   if (chart) {
     walk.walk(*chart, answers.value_or(""));
   } else {
@@ -52,10 +56,32 @@ void walkInLines(const Library& library, const CatalogueEntry* chart, const Answ
   if (answers) return walk.follow(*chart, *answers);
   if (isConversation()) return walk.converse(*chart, std::cin);
   walk.obey(*chart, std::cin);
-  if (std::ferror(stdin)) {
+  if (std::ferror(stdin) && EndingSignals::noted() == 0) {
     throw Failure(std::string("cannot read the commands from standard input: ") +
                   std::strerror(errno));
   }
+}
+
+bool isSource(const std::string& name) {
+  return std::filesystem::path(name).extension() == ".yaml";
+}
+
+int walkSource(const Arguments& arguments, const Answers& answers) {
+  const bool isOnScreen = Terminal::isUsable();
+  if (arguments.watches && !isOnScreen) throw Failure("--watch needs the screen of a terminal");
+  SourceCharts charts(arguments.name, directoryOf(arguments));
+  const bool isFine = charts.compile();
+  std::cerr << charts.said();
+  if (!isFine) return 1;
+  const Library library(charts.folder(), charts.origin());
+  const CatalogueEntry* const chart = &library.find(charts.chart());
+  if (isOnScreen) {
+    walkOnScreen(library, chart, answers, arguments.watches ? &charts : nullptr);
+  } else {
+    const EndingSignals signals([] {});  // so that the folder is removed first
+    walkInLines(library, chart, answers);
+  }
+  return 0;
 }
 
 }  // namespace
@@ -78,10 +104,13 @@ void printIntroduction(const Arguments& arguments) {
   }
 }
 
-void walkCharts(const Arguments& arguments) {
-  const Library library = libraryOf(arguments);
+int walkCharts(const Arguments& arguments) {
   Answers answers;
   if (arguments.answers) answers = checkedAnswers(*arguments.answers);
+  if (isSource(arguments.name)) return walkSource(arguments, answers);
+  if (arguments.watches)
+    throw Failure("only a source can be watched: tavrel walk NAME.yaml --watch");
+  const Library library = libraryOf(arguments);
   const CatalogueEntry* chart = arguments.name.empty() ? nullptr : &library.find(arguments.name);
   if (chart) requireFile(library, *chart);
   if (!chart && answers) {
@@ -91,10 +120,11 @@ void walkCharts(const Arguments& arguments) {
         *answers);
   }
   if (Terminal::isUsable()) {
-    walkOnScreen(library, chart, answers);
+    walkOnScreen(library, chart, answers, nullptr);
   } else {
     walkInLines(library, chart, answers);
   }
+  return 0;
 }
 
 }  // namespace tavrel

@@ -11,8 +11,9 @@ namespace tavrel {
 /// The command line, taken apart. What was not given is empty.
 struct Arguments {
   std::optional<std::string> charts;  ///< the folder of the .fv files
-  std::string name;                   ///< a flowchart's name or title
+  std::string name;                   ///< a flowchart's name or title, or a source
   std::optional<std::string> answers;
+  bool watches = false;
 };
 
 // All throw Failure for wrong usage and unreadable input.
@@ -23,8 +24,10 @@ void listCharts(const Arguments& arguments);
 /// Prints a flowchart's introduction.
 void printIntroduction(const Arguments& arguments);
 
-/// Walks a flowchart: on the terminal's screen where there is one, else in lines.
-void walkCharts(const Arguments& arguments);
+/// Walks a flowchart: on the terminal's screen where there is one, else in lines. A name that
+/// ends in ".yaml" is a source, which is compiled into a temporary folder and walked there.
+/// Returns the exit status: 1 if there was an error in the source.
+int walkCharts(const Arguments& arguments);
 
 }  // namespace tavrel
 

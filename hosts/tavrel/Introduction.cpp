@@ -21,8 +21,8 @@ std::vector<std::string> readIntroduction(const Library& library, const Catalogu
   } catch (const std::length_error&) {
   } catch (const std::invalid_argument&) {
   }
-  throw Failure("the file '" + library.fileOf(chart).string() +
-                "' has no introduction that can be read; docs/format.md describes the format");
+  throw Failure("the file " + library.quotedFileOf(chart) +
+                " has no introduction that can be read; docs/format.md describes the format");
 }
 
 }  // namespace

@@ -61,7 +61,10 @@ std::filesystem::path defaultChartsDirectory() {
   return (program.parent_path() / TAVREL_CHARTS_FROM_PROGRAM).lexically_normal();
 }
 
-Library::Library(fs::path directory) : directory_(std::move(directory)), entries_(catalogue()) {
+Library::Library(fs::path directory, fs::path shownAs)
+    : directory_(std::move(directory)),
+      shownAs_(shownAs.empty() ? directory_ : std::move(shownAs)),
+      entries_(catalogue()) {
   requireReadable(directory_);
 }
 
@@ -84,6 +87,10 @@ fs::path Library::fileOf(const CatalogueEntry& entry) const {
   return directory_ / (entry.name + ".fv");
 }
 
+std::string Library::quotedFileOf(const CatalogueEntry& entry) const {
+  return "'" + (shownAs_ / (entry.name + ".fv")).string() + "'";
+}
+
 bool Library::hasFile(const CatalogueEntry& entry) const {
   std::error_code ignored;
   return fs::is_regular_file(fileOf(entry), ignored);
@@ -91,7 +98,7 @@ bool Library::hasFile(const CatalogueEntry& entry) const {
 
 std::string Library::faultOf(const CatalogueEntry& entry) const {
   const fs::path file = fileOf(entry);
-  const std::string quoted = "'" + file.string() + "'";
+  const std::string quoted = quotedFileOf(entry);
   std::error_code failed;
   const fs::file_status status = fs::status(file, failed);
   if (status.type() == fs::file_type::not_found) return quoted + " is missing";

@@ -21,15 +21,16 @@ struct CatalogueEntry {
 /// The file names of the catalogue, in its order.
 std::vector<std::string> catalogueNames();
 
-/// The charts installed with this program, or those of its source tree when it
-/// runs from a build: found from where the program lies, so that both may move.
+/// The charts installed with this program, or those of the build that it runs from:
+/// found from where the program lies, so that both may move.
 std::filesystem::path defaultChartsDirectory();
 
 /// A directory of charts and the catalogue of what may be in it.
 class Library {
  public:
-  /// Throws Failure when `directory` is not a directory that can be read.
-  explicit Library(std::filesystem::path directory);
+  /// Throws Failure when `directory` is not a directory that can be read. Messages call it
+  /// `shownAs`, if that is not empty.
+  explicit Library(std::filesystem::path directory, std::filesystem::path shownAs = {});
 
   const std::filesystem::path& directory() const noexcept { return directory_; }
   const std::vector<CatalogueEntry>& entries() const noexcept { return entries_; }
@@ -40,6 +41,10 @@ class Library {
   const CatalogueEntry& find(std::string_view nameOrTitle) const;
 
   std::filesystem::path fileOf(const CatalogueEntry& entry) const;
+
+  /// What messages call the file: 'PATH', in quotes.
+  std::string quotedFileOf(const CatalogueEntry& entry) const;
+
   bool hasFile(const CatalogueEntry& entry) const;
 
   /// Why the flowchart's file can't be opened, as "'PATH' is missing"; empty if
@@ -47,7 +52,7 @@ class Library {
   std::string faultOf(const CatalogueEntry& entry) const;
 
  private:
-  std::filesystem::path directory_;
+  std::filesystem::path directory_, shownAs_;
   std::vector<CatalogueEntry> entries_;
 };
 

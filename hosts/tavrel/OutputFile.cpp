@@ -20,28 +20,53 @@ namespace fs = std::filesystem;
   throw Failure("cannot write '" + path.string() + "': " + why);
 }
 
-}  // namespace
-
-void writeOutput(const fs::path& path, std::string_view bytes) {
-  if (path == "-") {
-    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return;
-  }
-  const fs::path draft = path.string() + ".new" + std::to_string(getpid());
-  std::ofstream file(draft, std::ios::binary);
+void write(const fs::path& place, std::string_view bytes, const fs::path& name) {
+  std::ofstream file(place, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
+  if (file.fail()) fail(name, std::strerror(errno));
+}
+
+// What is no file, such as a device or a pipe, stays what it is. A link goes on leading where it
+// leads.
+bool isReplaceable(const fs::path& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+fs::path behindLinks(const fs::path& path) {
   std::error_code failed;
-  if (file.fail()) {
-    const std::string why = std::strerror(errno);
+  const fs::path target = fs::canonical(path, failed);
+  return failed ? path : target;
+}
+
+void replace(const fs::path& path, std::string_view bytes) {
+  const fs::path draft = path.string() + ".new" + std::to_string(getpid());
+  std::error_code failed;
+  try {
+    write(draft, bytes, path);
+  } catch (const Failure&) {
     fs::remove(draft, failed);
-    fail(path, why);
+    throw;
   }
   fs::rename(draft, path, failed);
   if (!failed) return;
   const std::string why = failed.message();
   fs::remove(draft, failed);
   fail(path, why);
+}
+
+}  // namespace
+
+void writeOutput(const fs::path& path, std::string_view bytes) {
+  if (path == "-") {
+    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  } else if (isReplaceable(path)) {
+    replace(behindLinks(path), bytes);
+  } else {
+    write(path, bytes, path);
+  }
 }
 
 }  // namespace tavrel

@@ -9,6 +9,7 @@
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Help.h"
 #include "hosts/tavrel/Introduction.h"
+#include "hosts/tavrel/KeptPlace.h"
 #include "hosts/tavrel/Page.h"
 #include "hosts/tavrel/Words.h"
 
@@ -58,10 +59,16 @@ ChoiceList listOf(const Library& library, std::int64_t current) {
 
 }  // namespace
 
-ScreenWalk::ScreenWalk(const Library& library, Terminal& terminal, Charset charset)
-    : walk_(library), terminal_(terminal), charset_(charset), view_(terminal, charset) {}
+ScreenWalk::ScreenWalk(const Library& library, Terminal& terminal, Charset charset,
+                       SourceCharts* watched)
+    : walk_(library),
+      terminal_(terminal),
+      charset_(charset),
+      view_(terminal, charset),
+      watched_(watched) {}
 
 void ScreenWalk::walk(const CatalogueEntry& chart, const std::string& answers) {
+  answers_ = answers;
   const Outcome outcome = answers.empty() ? walk_.enter(chart) : walk_.enter(chart, answers);
   if (outcome != Outcome::moved) throw Failure(entryRefusalOf(walk_.library(), chart, outcome));
   run();
@@ -75,7 +82,7 @@ void ScreenWalk::run() {
   do {
     view_.draw(walk_, message_);
     message_.clear();
-  } while (obey(terminal_.readKey()));
+  } while (obey(terminal_.readKey([this] { return watched_ && watched_->haveChanged(); })));
 }
 
 // False at the key that ends the walk.
@@ -98,6 +105,9 @@ bool ScreenWalk::obey(const KeyPress& press) {
       return true;
     case Key::pageDown:
       view_.scrollCommentary(1);
+      return true;
+    case Key::due:
+      readAgain();
       return true;
     default:
       return press.key != Key::interrupted;
@@ -173,6 +183,20 @@ void ScreenWalk::showIntro() try {
 }
 
 void ScreenWalk::showHelp() { showPage(terminal_, "Keys", helpLines); }
+
+// As long as a source has an error, the walk goes on in what it was before.
+void ScreenWalk::readAgain() try {
+  const KeptPlace place(walk_, *watched_);
+  if (!watched_->compile()) {
+    message_ = printable(watched_->firstSaid(), charset_);
+    return;
+  }
+  place.restore(walk_, *watched_, answers_);
+  view_.chartChanged();
+  message_ = "The source was saved; this is what it says now.";
+} catch (const Failure& failure) {
+  say(failure.what());
+}
 
 void ScreenWalk::say(const std::string& refusal) { message_ = sentence(refusal); }
 

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "hosts/tavrel/SourceCharts.h"
 #include "hosts/tavrel/Terminal.h"
 #include "hosts/tavrel/Walk.h"
 #include "hosts/tavrel/WalkView.h"
@@ -13,8 +14,11 @@ namespace tavrel {
 
 class ScreenWalk {
  public:
-  /// A walk through the flowcharts of `library` on `terminal`; both must outlive it.
-  ScreenWalk(const Library& library, Terminal& terminal, Charset charset);
+  /// A walk through the flowcharts of `library` on `terminal`; both must outlive it. So must
+  /// `watched`, if it is given: the library's charts, which the walk has compiled and reads
+  /// again, in the same place, whenever a source was saved.
+  ScreenWalk(const Library& library, Terminal& terminal, Charset charset,
+             SourceCharts* watched = nullptr);
 
   /// Walks from the root of `chart` with the answers (y and n) laid out as its path,
   /// until a key or a signal ends it. Throws Failure if the chart can't be walked.
@@ -34,11 +38,14 @@ class ScreenWalk {
   void showIntro();
   void showHelp();
   void say(const std::string& refusal);
+  void readAgain();
 
   Walk walk_;
   Terminal& terminal_;
   Charset charset_;
   WalkView view_;
+  SourceCharts* watched_;
+  std::string answers_;  // laid on the first chart
   std::string message_;  // said once, until the next key
 };
 

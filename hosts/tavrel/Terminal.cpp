@@ -45,7 +45,7 @@ void rescue() {
   tcsetattr(STDIN_FILENO, TCSANOW, &modesBefore);
 }
 
-// How long a signal may wait to be noticed.
+// How long a signal, or what is due, may wait to be noticed.
 constexpr int pollMilliseconds = 100;
 // How long an Escape may be the start of a key's sequence.
 constexpr int escapeMilliseconds = 25;
@@ -189,12 +189,13 @@ unsigned Terminal::attributesOf(const Style& style) const {
   return attributes;
 }
 
-KeyPress Terminal::readKey() {
+KeyPress Terminal::readKey(const std::function<bool()>& isDue) {
   while (EndingSignals::noted() == 0 && !isHungUp()) {
     wint_t code = 0;
     const int result = get_wch(&code);
     if (result == KEY_CODE_YES) return {keyOf(static_cast<int>(code)), 0};
     if (result == OK) return characterOf(code);
+    if (isDue && isDue()) return {Key::due, 0};
   }
   return {Key::interrupted, 0};
 }

@@ -3,6 +3,7 @@
 #ifndef TAVREL_HOSTS_TAVREL_TERMINAL_H
 #define TAVREL_HOSTS_TAVREL_TERMINAL_H
 
+#include <functional>
 #include <string_view>
 
 #include "drawing/TextPicture.h"
@@ -30,6 +31,7 @@ enum class Key {
   enter,
   backspace,
   resized,      ///< no key: the terminal has another size now
+  due,          ///< no key: there is something else to do
   interrupted,  ///< no key, now and ever after: a signal or a hang-up ends the program
   other,
 };
@@ -64,8 +66,8 @@ class Terminal {
   void put(int row, int column, std::string_view text, const Style& style = {});
   void show();
 
-  /// Waits for a key.
-  KeyPress readKey();
+  /// Waits for a key, or until `isDue` is true. It is asked ten times a second.
+  KeyPress readKey(const std::function<bool()>& isDue = nullptr);
 
  private:
   // Curses, as long as it holds the terminal.

@@ -61,6 +61,18 @@ Outcome Walk::back() {
   return Outcome::moved;
 }
 
+std::vector<Walk::Stay> Walk::stays() const {
+  std::vector<Stay> stays;
+  for (const Visit& visit : visits_) stays.push_back({visit.chart, visit.steps});
+  return stays;
+}
+
+void Walk::restart() {
+  navigator_ = Tavrel(library_.directory());
+  visits_.clear();
+  stretches_.clear();
+}
+
 // Selects a flowchart; if it can't be walked, the walk stands where it stood.
 template <typename Select>
 Outcome Walk::enterWith(Visit visit, Select select) {

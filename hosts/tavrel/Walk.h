@@ -54,6 +54,18 @@ class Walk {
   /// Undoes the last step or entry that changed the place. The path marks stay.
   Outcome back();
 
+  /// The steps made in a flowchart since it was entered; those along the path are answers.
+  struct Stay {
+    std::int64_t chart;
+    std::vector<WalkStep> steps;
+  };
+
+  /// All that would have to be done to come here again: one stay after another.
+  std::vector<Stay> stays() const;
+
+  /// Forgets everything, what was read of files included, and is nowhere again.
+  void restart();
+
   const Library& library() const noexcept { return library_; }
 
   /// REQUIRES of all below: a flowchart has been entered.

@@ -27,7 +27,7 @@ std::string stayedAt(const Walk& walk, WalkStep step) {
 }
 
 std::string brokenAt(const Walk& walk, WalkStep step) {
-  const std::string file = "'" + walk.library().fileOf(walk.chart()).string() + "'";
+  const std::string file = walk.library().quotedFileOf(walk.chart());
   if (step == WalkStep::root) return "there is no box at 0,0; " + file + " is at fault";
   return "the line ahead leads to no box; " + file + " is at fault";
 }
@@ -62,7 +62,7 @@ std::string entryRefusalOf(const Library& library, const CatalogueEntry& chart, 
   if (outcome == Outcome::noFile) {
     return "the flowchart " + chart.name + " can't be read: " + library.faultOf(chart);
   }
-  const std::string file = "'" + library.fileOf(chart).string() + "'";
+  const std::string file = library.quotedFileOf(chart);
   if (outcome == Outcome::broken) {
     return "a line that the answers follow leads to no box; " + file + " is at fault";
   }

@@ -57,15 +57,21 @@ void defineCompile(CLI::App& app, Invocation& invocation) {
   compile->add_flag("--watch", arguments.watches, "Compile again whenever a source is saved");
 }
 
-void defineWalk(CLI::App& app, Arguments& arguments) {
-  CLI::App* walk = addCommand(app, arguments, "walk", "Walk a flowchart, box by box", walkCharts);
+void defineWalk(CLI::App& app, Invocation& invocation) {
+  Arguments& arguments = invocation.arguments;
+  CLI::App* walk = addCommand(app, "walk", "Walk a flowchart, box by box", [&invocation] {
+    invocation.status = walkCharts(invocation.arguments);
+  });
   walk->add_option("NAME", arguments.name,
-                   "A flowchart's name or title; without it, pick from the list");
+                   "A flowchart's name or title, or a source (NAME.yaml); without it, pick from "
+                   "the list");
   walk->add_option(
           "--answers", arguments.answers,
           "Answers (y and n) to lay out as a path: lit for Space on a terminal, and walked "
           "without one")
       ->type_name("yyn...");
+  walk->add_flag("--watch", arguments.watches,
+                 "Read a source again whenever it is saved, and stay at its box");
   walk->footer(
       "With input that is no terminal, a walk reads commands, one a line:\n"
       "  y, n        follow the yes or the no exit\n"
@@ -88,7 +94,7 @@ void define(CLI::App& app, Invocation& invocation) {
   addCommand(app, arguments, "intro", "Print the introduction of a flowchart", printIntroduction)
       ->add_option("NAME", arguments.name, "A flowchart's name or title")
       ->required();
-  defineWalk(app, arguments);
+  defineWalk(app, invocation);
   defineCompile(app, invocation);
 }
 

@@ -35,6 +35,8 @@ Answer playStep(const Operation& operation, const Places& places, const PlayStep
   const ChartDirectory& here = places.here();
   if (operation.name == "chart") {
     here.write(takeName(operation), operation.chart);
+  } else if (operation.name == "source") {
+    writeFile(here.path() / (takeName(operation) + ".yaml"), operation.chart);
   } else if (operation.name == "use") {
     here.write(takeName(operation), goldenChart(takeName(operation)));
   } else if (operation.name == "directoryInsteadOfChart") {
@@ -72,7 +74,6 @@ std::vector<Word> Places::expanded(std::vector<Word> words) const {
 
 std::string Places::abstracted(std::string text) const {
   text = replaced(std::move(text), here_.path().string(), "{here}");
-  text = replaced(std::move(text), TAVREL_DEFAULT_CHARTS, "{default charts}");
   return replaced(std::move(text), TAVREL_CHARTS, "{charts}");
 }
 

@@ -24,7 +24,7 @@ class Places {
   std::string expanded(std::string text) const;
   std::vector<Word> expanded(std::vector<Word> words) const;
 
-  /// The text with directories replaced by {here}, {charts} and {default charts}.
+  /// The text with directories replaced by {here} and {charts}.
   std::string abstracted(std::string text) const;
 
  private:

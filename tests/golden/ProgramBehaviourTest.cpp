@@ -1,14 +1,20 @@
 // What the command does that no file can show.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <filesystem>
+#include <iterator>
 #include <string>
 #include <utility>
 
 #include "Program.h"
+#include "tests/support/ChartDirectory.h"
+#include "tests/support/Files.h"
 
 namespace tavrel {
 namespace {
@@ -112,6 +118,51 @@ TEST(Program, EndsAtTheEndOfItsInputInTheMiddleOfALine) {
   EXPECT_NE(std::string::npos, all.find("| Open 1NT\n"));
   EXPECT_EQ("exit 0", endOf(process));
   close(answers);
+}
+
+// Where a compiled chart is written to.
+class ProgramOutput : public testing::Test {
+ protected:
+  ProgramOutput() {
+    writeFile(source_, "chart: Overcall\nstart: a\nboxes:\n  a: {text: \"Pass\"}\n");
+  }
+
+  std::string compileTo(const std::filesystem::path& output) const {
+    const std::string line = "tavrel compile " + source_.string() + " -o " + output.string();
+    return endOf(start(line, STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO));
+  }
+
+  static bool isChart(const std::string& bytes) { return bytes.rfind("Overcall\n", 0) == 0; }
+
+  const ChartDirectory folder_;
+  const std::filesystem::path source_ = folder_.path() / "Overcall.yaml";
+  const std::filesystem::path output_ = folder_.path() / "output";
+};
+
+TEST_F(ProgramOutput, GoesThroughALinkToItsFile) {
+  const std::filesystem::path file = folder_.path() / "file";
+  writeFile(file, "old");
+  std::filesystem::create_symlink("file", output_);
+  EXPECT_EQ("exit 0", compileTo(output_));
+  EXPECT_TRUE(std::filesystem::is_symlink(output_));
+  EXPECT_TRUE(isChart(readFile(file)));
+}
+
+TEST_F(ProgramOutput, GoesIntoAPipeThatStaysOne) {
+  ASSERT_EQ(0, mkfifo(output_.c_str(), 0600));
+  const int reader = open(output_.c_str(), O_RDONLY | O_NONBLOCK);
+  EXPECT_EQ("exit 0", compileTo(output_));
+  EXPECT_TRUE(isChart(readToEnd(reader)));
+  EXPECT_TRUE(std::filesystem::is_fifo(output_));
+  close(reader);
+}
+
+TEST_F(ProgramOutput, LeavesNoDraftBehind) {
+  EXPECT_EQ("exit 0", compileTo(output_));
+  std::filesystem::create_directory(folder_.path() / "Overcall.fv");
+  EXPECT_EQ("exit 2", compileTo(folder_.path()));
+  const auto entries = std::filesystem::directory_iterator(folder_.path());
+  EXPECT_EQ(3, std::distance(begin(entries), end(entries)));
 }
 
 }  // namespace

@@ -1,0 +1,143 @@
+#include "hosts/tavrel/SourceCharts.h"
+
+#include <algorithm>
+#include <set>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include "facade/Tavrel.h"
+#include "hosts/tavrel/InputFile.h"
+#include "hosts/tavrel/Library.h"
+#include "hosts/tavrel/OutputFile.h"
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace authoring;
+
+// A file that is being replaced may be missing for a moment.
+fs::file_time_type changeOf(const fs::path& source) {
+  std::error_code missing;
+  return fs::last_write_time(source, missing);
+}
+
+bool isFile(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_regular_file(path, ignored);
+}
+
+std::string oneLine(const Diagnostic& diagnostic, const SourceFile& file) {
+  const std::string all = shown(diagnostic, file);
+  return all.substr(0, all.find('\n'));
+}
+
+// Where the boxes of a compiled chart lead; nothing of one that can't be read, which is for the
+// walk to say.
+std::set<std::string> linksIn(const fs::path& folder, const std::string& chart) try {
+  Tavrel navigator(folder);
+  navigator.resetToStartLocationForFlowchartAtIndex(navigator.indexOfFlowchartWithTitle(chart));
+  std::set<std::string> links;
+  for (const ScreenElement& element : navigator.allElements()) {
+    const auto link = element.nameOfNextFlowchart();
+    if (element.isNode() && link) links.insert(*link);
+  }
+  return links;
+} catch (const std::logic_error&) {
+  return {};
+}
+
+}  // namespace
+
+SourceCharts::SourceCharts(fs::path source, fs::path others)
+    : source_(std::move(source)), others_(std::move(others)), catalogue_(catalogueNames()) {}
+
+bool SourceCharts::compile() {
+  said_.clear();
+  firstSaid_.clear();
+  for (auto& [source, change] : seen_) change = changeOf(source);
+  std::optional<CompiledChart> chart = compiled(source_);
+  if (!chart) return false;
+  for (const auto& old : fs::directory_iterator(folder())) fs::remove(old);
+  charts_.clear();
+  chart_ = chart->source.chart;
+  write(std::move(*chart));
+  fetchLinksOf(chart_);
+  return true;
+}
+
+bool SourceCharts::haveChanged() const {
+  return std::any_of(seen_.begin(), seen_.end(),
+                     [](const auto& source) { return changeOf(source.first) != source.second; });
+}
+
+const CompiledChart* SourceCharts::find(const std::string& name) const {
+  const auto found = charts_.find(name);
+  return found == charts_.end() ? nullptr : &found->second;
+}
+
+fs::path SourceCharts::origin() const {
+  return source_.has_parent_path() ? source_.parent_path() : fs::path(".");
+}
+
+std::optional<CompiledChart> SourceCharts::compiled(const fs::path& source) {
+  note(source);
+  const SourceFile file = readInput(source);
+  Diagnostics found;
+  std::optional<CompiledChart> chart = authoring::compile(file, catalogue_, found);
+  if (source == source_) {
+    for (const Diagnostic& each : found.sorted()) {
+      said_ += shown(each, file);
+      if (firstSaid_.empty()) firstSaid_ = oneLine(each, file);
+    }
+  } else if (!chart) {
+    said_ += "tavrel: '" + source.string() + "' has errors, which 'tavrel compile' shows\n";
+  }
+  return chart;
+}
+
+void SourceCharts::write(CompiledChart chart) {
+  const std::string name = chart.source.chart;
+  writeOutput(folder() / (name + ".fv"), chart.bytes);
+  charts_.insert_or_assign(name, std::move(chart));
+}
+
+void SourceCharts::fetchLinksOf(const std::string& name) {
+  std::set<std::string> fetched = {name};
+  std::vector<std::string> open = {name};
+  while (!open.empty()) {
+    const std::string from = std::move(open.back());
+    open.pop_back();
+    for (const std::string& link : linksIn(folder(), from)) {
+      if (fetched.insert(link).second && fetch(link)) open.push_back(link);
+    }
+  }
+}
+
+// A name that the catalogue hasn't got may be a path to anywhere.
+bool SourceCharts::fetch(const std::string& name) {
+  if (std::find(catalogue_.begin(), catalogue_.end(), name) == catalogue_.end()) return false;
+  std::error_code failed;
+  if (fetchFrom(origin(), name)) return true;
+  return !fs::equivalent(origin(), others_, failed) && fetchFrom(others_, name);
+}
+
+bool SourceCharts::fetchFrom(const fs::path& folder, const std::string& name) {
+  const fs::path source = folder / (name + ".yaml");
+  if (isFile(source)) {
+    std::optional<CompiledChart> chart = compiled(source);
+    if (chart && chart->source.chart == name) {
+      write(std::move(*chart));
+      return true;
+    }
+  }
+  std::error_code failed;
+  return fs::copy_file(folder / (name + ".fv"), this->folder() / (name + ".fv"), failed);
+}
+
+void SourceCharts::note(const fs::path& source) {
+  seen_.insert_or_assign(source, changeOf(source));
+}
+
+}  // namespace tavrel
