@@ -71,19 +71,20 @@ class MeaningCheck {
       found_.add(Code::noIntroduction, chart_.introPlace, "the chart has no introduction",
                  "say when to use the chart, and what its words mean");
     }
-    checkSpelling(chart_.intro.joined(), chart_.introPlace, "the introduction");
+    checkSpelling(chart_.intro, chart_.introPlace, "the introduction");
   }
 
   void checkContent(const BoxContent& content) {
     checkSize(content);
-    const std::string text = content.text.joined();
-    checkSpelling(text, content.textPlace, "the text");
-    if (const auto call = misspelledLoneCall(text)) report(*call, content.textPlace, "the text");
+    checkSpelling(content.text, content.textPlace, "the text");
+    if (const auto call = misspelledLoneCall(content.text.joined())) {
+      report(*call, content.text, content.textPlace, "the text");
+    }
     if (content.comment.size() == 0) {
       found_.add(Code::noComment, content.commentPlace, "the box has no comment",
                  "say why, or give an example");
     }
-    checkSpelling(content.comment.joined(), content.commentPlace, "the comment");
+    checkSpelling(content.comment, content.commentPlace, "the comment");
     checkLink(content);
   }
 
@@ -105,15 +106,17 @@ class MeaningCheck {
     }
   }
 
-  void report(const Misspelling& call, Place place, const std::string& where) {
-    found_.add(Code::callSpelling, place, "a call is written as " + call.written + " in " + where,
-               "write " + call.wanted);
+  void report(const Misspelling& call, const TextLines& lines, Place place,
+              const std::string& where) {
+    found_.add(Code::callSpelling, lines.placeOf(call.offset).value_or(place),
+               "a call is written as " + call.written + " in " + where, "write " + call.wanted);
   }
 
-  void checkSpelling(const std::string& text, Place place, const std::string& where) {
-    if (const auto call = misspelledCall(text)) report(*call, place, where);
+  void checkSpelling(const TextLines& lines, Place place, const std::string& where) {
+    const std::string text = lines.joined();
+    if (const auto call = misspelledCall(text)) report(*call, lines, place, where);
     if (const auto range = misspelledRange(text)) {
-      found_.add(Code::rangeSpelling, place,
+      found_.add(Code::rangeSpelling, lines.placeOf(range->offset).value_or(place),
                  "a range is written as " + range->written + " in " + where,
                  "write " + range->wanted + ", with an en dash");
     }

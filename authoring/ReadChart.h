@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,17 @@ class TextLines {
     std::string text;
     for (std::size_t i = 0; i < size(); ++i) text.append(i == 0 ? "" : " ").append((*this)[i]);
     return text;
+  }
+
+  /// Where a byte of joined() stands, if the lines are those of a file; those of a source have
+  /// been wrapped.
+  std::optional<Place> placeOf(std::size_t offset) const {
+    if (list_ != nullptr || size() == 0) return std::nullopt;
+    LineNumber line = lines_.first;
+    for (; line + 1 < lines_.first + lines_.count && offset > file_->line(line).size(); ++line) {
+      offset -= file_->line(line).size() + 1;
+    }
+    return file_->placeOf(file_->startOf(line) + offset);
   }
 
  private:

@@ -61,14 +61,14 @@ std::optional<Misspelling> misspelledBid(std::string_view text) {
     if (!startsWith(rest, suit.written)) continue;
     const std::string_view next = rest.substr(suit.written.size());
     if (!next.empty() && isWordByte(next.front())) continue;
-    return Misspelling{level + std::string(suit.written), level + std::string(suit.wanted)};
+    return Misspelling{0, level + std::string(suit.written), level + std::string(suit.wanted)};
   }
   const std::size_t blank = startsWith(rest, " ") ? 1 : 0;
   const std::string_view word = rest.substr(blank, letters(rest.substr(blank)));
   const bool isShort = blank == 0 && (word == "N" || word == "n");
   const bool isOther = word == "nt" || word == "Nt" || word == "nT";
   if (!isShort && !isOther && !(word == "NT" && blank == 1)) return std::nullopt;
-  return Misspelling{level + std::string(rest.substr(0, blank + word.size())), level + "NT"};
+  return Misspelling{0, level + std::string(rest.substr(0, blank + word.size())), level + "NT"};
 }
 
 std::optional<Misspelling> misspelledWord(std::string_view text) {
@@ -76,7 +76,7 @@ std::optional<Misspelling> misspelledWord(std::string_view text) {
   const auto found = std::find_if(words.begin(), words.end(),
                                   [word](const Spelling& each) { return each.written == word; });
   if (found == words.end()) return std::nullopt;
-  return Misspelling{std::string(word), std::string(found->wanted)};
+  return Misspelling{0, std::string(word), std::string(found->wanted)};
 }
 
 // Up to three digits, as bridge has them; 0 for more.
@@ -104,7 +104,7 @@ std::optional<Misspelling> rangeAtStart(std::string_view text) {
                                         (rest.front() == '-' && digits(rest.substr(1)) > 0));
   const std::string_view low = text.substr(0, first), high = text.substr(at, second);
   if (goesOn || numberOf(low) >= numberOf(high)) return std::nullopt;
-  return Misspelling{std::string(text.substr(0, at + second)),
+  return Misspelling{0, std::string(text.substr(0, at + second)),
                      std::string(low) + "–" + std::string(high)};
 }
 
@@ -118,19 +118,23 @@ std::optional<Misspelling> misspelledCall(std::string_view text) {
     auto found = isLevel              ? misspelledBid(rest)
                  : isLetter(text[at]) ? misspelledWord(rest)
                                       : std::nullopt;
-    if (found) return found;
+    if (found) {
+      found->offset = at;
+      return found;
+    }
   }
   return std::nullopt;
 }
 
 std::optional<Misspelling> misspelledLoneCall(std::string_view text) {
+  const std::size_t size = text.size();
   for (const std::string_view verb : {"Bid ", "Call "}) {
     if (startsWith(text, verb)) text.remove_prefix(verb.size());
   }
   const auto found = std::find_if(loneCalls.begin(), loneCalls.end(),
                                   [text](const Spelling& each) { return each.written == text; });
   if (found == loneCalls.end()) return std::nullopt;
-  return Misspelling{std::string(text), std::string(found->wanted)};
+  return Misspelling{size - text.size(), std::string(text), std::string(found->wanted)};
 }
 
 std::optional<Misspelling> misspelledRange(std::string_view text) {
@@ -139,7 +143,10 @@ std::optional<Misspelling> misspelledRange(std::string_view text) {
     const std::string_view rest = text.substr(at);
     const char before = at > 0 ? text[at - 1] : ' ';
     const bool begins = !isWordByte(before) && before != '-' && before != '=';
-    if (auto found = begins ? rangeAtStart(rest) : std::nullopt) return found;
+    if (auto found = begins ? rangeAtStart(rest) : std::nullopt) {
+      found->offset = at;
+      return found;
+    }
     at += digits(rest) - 1;
   }
   return std::nullopt;

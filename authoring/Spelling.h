@@ -3,6 +3,7 @@
 #ifndef TAVREL_AUTHORING_SPELLING_H
 #define TAVREL_AUTHORING_SPELLING_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@ namespace tavrel::authoring {
 
 /// A piece of a text and how it should be written.
 struct Misspelling {
+  std::size_t offset;  ///< in the text, in bytes
   std::string written;
   std::string wanted;
 };

@@ -100,13 +100,19 @@ TEST(MeaningCheck, LooksAtTheSpellingOfAllTexts) {
             (Said{"2:8 T0613", "2:8 T0614", "5:14 T0613", "5:31 T0613", "5:31 T0614"}));
 }
 
+TEST(MeaningCheck, PointsAtTheWordInAFlowchartFile) {
+  EXPECT_EQ(saidOfFv("Opening\nx\n2\nWhen\n♣ to open 2C\n1\n2\nBid\npass\n3\n\nmay\nbe 8-9.\n\n"
+                     "1\n0 0 0 0 0 -1 -1\n0\n"),
+            (Said{"5:11 T0613", "9:1 T0613", "13:4 T0614"}));
+}
+
 TEST(MeaningCheck, WarnsOnceOfWhatBoxesOfAFileShare) {
   const std::string file =
       "Opening\nx\n0 lines\n3 nodes\n1\nFive of 2C\n0 lines\n\n1\nPass?\n1\nSo.\nNowhere\n"
       "1\nOpen 1NT\n1\n15-17\nRespNT\n"
       "6 boxes\n0 0 0 0 0 1 0\n0 1 0 0 0 1 -1\n1 2 0 0 0 -1 -1\n2 0 1 0 0 1 0\n1 1 1 0 0 -1 -1\n"
       "1 0 2 0 0 -1 -1\n0 connectors\n";
-  EXPECT_EQ(saidOfFv(file), (Said{"3:1 T0609", "6:1 T0613", "6:1 T0603", "7:1 T0610", "10:1 T0604",
+  EXPECT_EQ(saidOfFv(file), (Said{"3:1 T0609", "6:1 T0603", "6:9 T0613", "7:1 T0610", "10:1 T0604",
                                   "13:1 T0606", "15:1 T0603", "17:1 T0614", "21:1 T0601",
                                   "21:1 T0607", "23:1 T0608", "23:1 T0602"}));
 }
