@@ -37,6 +37,20 @@ std::string quoted(std::string_view text) {
   return "'" + shown + "'";
 }
 
+// How many of the first words of a text are integers.
+std::size_t integersIn(std::string_view text) {
+  std::size_t count = 0;
+  for (int words = 0; words < 2 * static_cast<int>(numbersOfACell); ++words) {
+    const std::size_t start = text.find_first_not_of(' ');
+    if (start == std::string_view::npos) break;
+    text.remove_prefix(start);
+    const std::size_t end = std::min(text.find(' '), text.size());
+    if (readNumberLine(text.substr(0, end)).count == 1) ++count;
+    text.remove_prefix(end);
+  }
+  return count;
+}
+
 // What is counted, named in a message only where there is one.
 struct Name {
   const char* part;
@@ -249,9 +263,12 @@ class Reader {
     return there;
   }
 
-  // "9 connector cells", where cells should go on.
+  // "9 connector cells: 0 0 0 into out x y", where cells should go on; "1 x 0 0 0 -1 -1" is a
+  // cell with a slip.
   bool isNextCount(const NumberLine& numbers) const {
-    return numbers.count == 1 && !numbers.isTooLarge;
+    if (numbers.count != 1 || numbers.isTooLarge) return false;
+    constexpr std::size_t mostInAComment = 3;
+    return integersIn(file_.line(next_).substr(numbers.end)) <= mostInAComment;
   }
 
   void wrongCells(const Count& count, const std::string& what, std::int64_t there) {

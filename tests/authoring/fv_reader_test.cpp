@@ -100,6 +100,16 @@ TEST(FvReader, GoesOnBehindACellThatIsWrong) {
             (Said{"22:13 T0405", "23:13 T0407", "24:14 T0406"}));
 }
 
+TEST(FvReader, TellsACellWithASlipFromTheNextCount) {
+  EXPECT_EQ(saidOfCells({"0 0 0 0 0 1 0", "1 x 0 0 0 -1 -1", "2 0 1 0 0 -1 -1"}),
+            (Said{"23:3 T0405"}));
+  EXPECT_EQ(saidOfFv(changed("3 boxes", "4 boxes: node x y 0 0 yes no")), (Said{"21:1 T0410"}));
+  EXPECT_EQ(
+      saidOfFv(changed("3 boxes", "4 boxes")
+                   .replace(goodFile.find("1 connectors"), 12, "1 cells: 0 0 0 into out x y")),
+      (Said{"21:1 T0410"}));
+}
+
 TEST(FvReader, KnowsDirectionsAndNodes) {
   EXPECT_EQ(saidOfCells({"0 0 0 0 0 4 -2", "3 1 0 0 0 -1 -1", "-1 0 1 0 0 -1 -1"}),
             (Said{"22:11 T0412", "22:13 T0412", "23:1 T0411", "24:1 T0411"}));
