@@ -1,8 +1,10 @@
 #include "authoring/ChartCheck.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <unordered_set>
 
 #include "authoring/Compiler.h"
@@ -34,7 +36,26 @@ BoxContent contentOf(const SourceBox& box) {
   return content;
 }
 
-ReadChart readChartOf(const ChartSource& source) {
+bool isPartOfWord(std::string_view bytes, std::size_t at) {
+  return at < bytes.size() && std::isalnum(static_cast<unsigned char>(bytes[at])) != 0;
+}
+
+// The text of a source has been wrapped and its quotes taken away, but words stay as they are.
+// Where the word isn't found, the text's own place has to do.
+Place placeOfWord(const SourceFile& file, const TextLines& text, Place place,
+                  const std::string& word) {
+  const std::size_t start = file.startOf(place.line);
+  const std::size_t size = 2 * text.joined().size() + 200;  // room for indentation
+  const std::string_view bytes = file.bytes().substr(start, place.column - 1 + size);
+  for (std::size_t at = bytes.find(word, place.column - 1); at != std::string_view::npos;
+       at = bytes.find(word, at + 1)) {
+    if (isPartOfWord(bytes, at - 1) || isPartOfWord(bytes, at + word.size())) continue;
+    return file.placeOf(start + at);
+  }
+  return place;
+}
+
+ReadChart readChartOf(const ChartSource& source, const SourceFile& file) {
   ReadChart chart;
   chart.introPlace = source.intro.place;
   chart.intro = TextLines(source.intro.lines);
@@ -46,6 +67,10 @@ ReadChart readChartOf(const ChartSource& source) {
     chart.boxes.push_back({static_cast<std::uint32_t>(chart.boxes.size()), box.exits});
   }
   chart.placeOf = [&source](BoxNumber box) { return source[box].place; };
+  chart.placeOfWord = [&file](const TextLines& text, Place place, std::size_t,
+                              const std::string& word) {
+    return placeOfWord(file, text, place, word);
+  };
   return chart;
 }
 
@@ -77,6 +102,9 @@ ReadChart readChartOf(const FvFile& read, const std::vector<ByAnswer<BoxNumber>>
   for (std::size_t i = 0; i < read.boxes.size(); ++i) {
     chart.boxes.push_back({static_cast<std::uint32_t>(read.boxes[i].node), exits[i]});
   }
+  chart.placeOfWord = [](const TextLines& text, Place, std::size_t offset, const std::string&) {
+    return text.placeOf(offset);
+  };
   chart.placeOf = [&](BoxNumber box) {
     return placeOfNumber(file, read.boxes[static_cast<std::size_t>(box)].line, 0);
   };
@@ -100,7 +128,7 @@ void checkSource(const SourceFile& file, const Catalogue& catalogue, CheckedChar
   checked.place = source.chartPlace;
   checked.mayBeUnlinked = source.isEntry;
   if (!checked.name.empty()) checkFileName(source, file.name(), checked.found);
-  checkMeaning(readChartOf(source), catalogue, checked);
+  checkMeaning(readChartOf(source, file), catalogue, checked);
 }
 
 void checkFv(const SourceFile& file, const Catalogue& catalogue, CheckedChart& checked) {

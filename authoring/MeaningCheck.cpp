@@ -108,7 +108,7 @@ class MeaningCheck {
 
   void report(const Misspelling& call, const TextLines& lines, Place place,
               const std::string& where) {
-    found_.add(Code::callSpelling, lines.placeOf(call.offset).value_or(place),
+    found_.add(Code::callSpelling, chart_.placeOfWord(lines, place, call.offset, call.written),
                "a call is written as " + call.written + " in " + where, "write " + call.wanted);
   }
 
@@ -116,7 +116,8 @@ class MeaningCheck {
     const std::string text = lines.joined();
     if (const auto call = misspelledCall(text)) report(*call, lines, place, where);
     if (const auto range = misspelledRange(text)) {
-      found_.add(Code::rangeSpelling, lines.placeOf(range->offset).value_or(place),
+      found_.add(Code::rangeSpelling,
+                 chart_.placeOfWord(lines, place, range->offset, range->written),
                  "a range is written as " + range->written + " in " + where,
                  "write " + range->wanted + ", with an en dash");
     }

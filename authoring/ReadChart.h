@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,10 +35,8 @@ class TextLines {
     return text;
   }
 
-  /// Where a byte of joined() stands, if the lines are those of a file; those of a source have
-  /// been wrapped.
-  std::optional<Place> placeOf(std::size_t offset) const {
-    if (list_ != nullptr || size() == 0) return std::nullopt;
+  /// Where a byte of joined() stands. REQUIRES: the lines are those of a file, and not none.
+  Place placeOf(std::size_t offset) const {
     LineNumber line = lines_.first;
     for (; line + 1 < lines_.first + lines_.count && offset > file_->line(line).size(); ++line) {
       offset -= file_->line(line).size() + 1;
@@ -80,6 +77,10 @@ struct ReadChart {
   BoxNumber start = 0;
   std::vector<ReadBox> boxes;
   std::function<Place(BoxNumber box)> placeOf;
+  /// Where a word stands that has the offset in the joined lines of a text.
+  std::function<Place(const TextLines& text, Place place, std::size_t offset,
+                      const std::string& word)>
+      placeOfWord;
 
   const ReadBox& operator[](BoxNumber box) const { return boxes[static_cast<std::size_t>(box)]; }
 };

@@ -97,7 +97,14 @@ TEST(MeaningCheck, CountsTheLinesOfABox) {
 TEST(MeaningCheck, LooksAtTheSpellingOfAllTexts) {
   EXPECT_EQ(saidOfSource("chart: Opening\nintro: With 15-17 open 1N.\nstart: b0\nboxes:\n"
                          "  b0: {text: \"pass\", comment: \"Not 2C, with 8-9.\"}\n"),
-            (Said{"2:8 T0613", "2:8 T0614", "5:14 T0613", "5:31 T0613", "5:31 T0614"}));
+            (Said{"2:13 T0614", "2:24 T0613", "5:15 T0613", "5:36 T0613", "5:45 T0614"}));
+}
+
+TEST(MeaningCheck, PointsAtTheWordInABlockOfASource) {
+  EXPECT_EQ(saidOfSource("chart: Opening\nintro: |\n  Not 1NT.\n\n  ♣ is 1N, and\n  8 -\n  9 too.\n"
+                         "start: b0\nboxes:\n" +
+                         end(0)),
+            (Said{"2:8 T0614", "5:8 T0613"}));
 }
 
 TEST(MeaningCheck, PointsAtTheWordInAFlowchartFile) {
