@@ -85,6 +85,8 @@ TEST(FvReader, WantsNumbersWhereCountsStand) {
 TEST(FvReader, FindsCountsThatAreTooLarge) {
   EXPECT_EQ(saidOfFv(changed("1 line", "99 lines")), (Said{"3:1 T0410"}));
   EXPECT_EQ(saidOfFv(changed("1 line", "2147483647 lines")), (Said{"3:1 T0410"}));
+  EXPECT_EQ(saidOfFv("Opening\nx\n2 lines\nWhen\n"), (Said{"3:1 T0410"}));
+  EXPECT_EQ(saidOfFv("Opening\nx\n2 lines\nWhen\nto\n"), (Said{"6:1 T0404"}));
   EXPECT_EQ(saidOfFv(changed("3 boxes", "4 boxes")), (Said{"21:1 T0410"}));
   EXPECT_EQ(saidOfFv(changed("1 connectors", "2 connectors")), (Said{"25:1 T0410"}));
 }

@@ -75,6 +75,11 @@ TEST(MeaningCheck, FindsAQuestionAgainOnItsWayAndNotBesideIt) {
 
 TEST(MeaningCheck, TakesALoopForNoQuestionThatComesTwice) {
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b2") + question(1, "b0", "b2") + end(2)), Said{});
+  // The questions 1 and 2 are the same, on two ways, and a loop leads back to the first.
+  EXPECT_EQ(
+      saidOfBoxes(question(0, "b1", "b2") + question(1, "b3", "b4", "Five?") +
+                  question(2, "b4", "b5", "Five?") + question(3, "b1", "b5") + end(4) + end(5)),
+      Said{});
 }
 
 TEST(MeaningCheck, MeasuresLinesByTheWidthOfTheChart) {
