@@ -44,7 +44,8 @@ struct ChartSource {
   std::string chart;  ///< the file name of the catalogue that it is for
   Place chartPlace;
   SourceText intro;
-  bool isEntry = false;  ///< players come in from the table
+  bool isEntry = false;    ///< players come in from the table
+  int width = usualWidth;  ///< of a line in a box, at most, in columns
   BoxNumber start = noBox;
   std::vector<SourceBox> boxes;  ///< in the author's order, inline ones behind the box they are in
 

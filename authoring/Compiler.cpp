@@ -1,5 +1,6 @@
 #include "authoring/Compiler.h"
 
+#include <filesystem>
 #include <utility>
 #include <variant>
 
@@ -44,6 +45,14 @@ std::optional<CompiledChart> compile(const SourceFile& file, const Catalogue& ca
   if (layout == nullptr) return std::nullopt;
   std::string bytes = fvFile(*source, layout->chart);
   return CompiledChart{std::move(*source), std::move(layout->chart), std::move(bytes)};
+}
+
+void checkFileName(const ChartSource& source, const std::string& fileName, Diagnostics& found) {
+  const std::filesystem::path path = fileName;
+  if (path.stem() == source.chart) return;
+  found.add(Code::wrongFileName, source.chartPlace,
+            "the chart is " + source.chart + ", but the file is " + path.filename().string(),
+            "name the file " + source.chart + ".yaml, or the output with -o FILE");
 }
 
 }  // namespace tavrel::authoring

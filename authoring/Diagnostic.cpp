@@ -1,6 +1,7 @@
 #include "authoring/Diagnostic.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <string_view>
 
 #include "text/Text.h"
@@ -16,15 +17,27 @@ struct Excerpt {
   int before;
 };
 
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+// What can matter of a line from a character on: of a very long one a small part.
+std::string_view partFrom(std::string_view line, std::size_t character) {
+  constexpr std::size_t mostBytes = std::size_t{16} * widestLine;
+  std::size_t start = 0;
+  while (character > 1 && ++start < line.size()) {
+    if (!isContinuation(line[start])) --character;
+  }
+  return line.substr(std::min(start, line.size()), mostBytes);
+}
+
 // Around the place, where the line is long.
 Excerpt excerptOf(std::string_view line, std::size_t column) {
-  const std::string shownLine = printable(line, Charset::utf8);
+  const std::size_t first = column > widestLine / 2 ? column - widestLine / 2 : 1;
+  const std::string shownLine = printable(partFrom(line, first), Charset::utf8);
   std::string text;
   int before = 0, used = 0;
-  std::size_t character = 1;
-  const std::size_t first = column > widestLine / 2 ? column - widestLine / 2 : 1;
+  std::size_t character = first;
   for (const Glyph& glyph : glyphs(shownLine)) {
-    if (character >= first && used + glyph.width <= widestLine) {
+    if (used + glyph.width <= widestLine) {
       if (character < column) before += glyph.width;
       text += glyph.bytes;
       used += glyph.width;
@@ -32,6 +45,15 @@ Excerpt excerptOf(std::string_view line, std::size_t column) {
     ++character;
   }
   return {text, before};
+}
+
+// The codes with the numbers of these ranges, both ends among them.
+std::vector<Code> codesFrom(std::initializer_list<std::pair<int, int>> ranges) {
+  std::vector<Code> codes;
+  for (const auto& [first, last] : ranges) {
+    for (int code = first; code <= last; ++code) codes.push_back(static_cast<Code>(code));
+  }
+  return codes;
 }
 
 }  // namespace
@@ -52,10 +74,28 @@ std::string nameOf(Code code) {
   return "T" + std::string(4 - digits.size(), '0') + digits;
 }
 
-Severity severityOf(Code code) { return code == Code::repeated ? Severity::note : Severity::error; }
+const std::vector<Code>& allCodes() {
+  static const std::vector<Code> codes = codesFrom(
+      {{101, 119}, {201, 210}, {301, 303}, {401, 414}, {501, 509}, {601, 614}, {701, 702}});
+  return codes;
+}
+
+Severity severityOf(Code code) {
+  if (code == Code::repeated || code == Code::nobodyLinks) return Severity::note;
+  const bool isMeaning = code >= Code::oneExit || code == Code::numbersLeftOver;
+  return isMeaning ? Severity::warning : Severity::error;
+}
 
 void Diagnostics::add(Code code, Place place, std::string text, std::string cure) {
+  ++counts_[static_cast<std::size_t>(severityOf(code))];
+  if (all_.size() == mostKept) return;
   all_.push_back({code, place, std::move(text), std::move(cure)});
+}
+
+void Diagnostics::forgetFrom(std::size_t size) {
+  for (; all_.size() > size; all_.pop_back()) {
+    --counts_[static_cast<std::size_t>(severityOf(all_.back().code))];
+  }
 }
 
 std::vector<Diagnostic> Diagnostics::sorted() const {
@@ -63,13 +103,6 @@ std::vector<Diagnostic> Diagnostics::sorted() const {
   std::stable_sort(all.begin(), all.end(),
                    [](const Diagnostic& a, const Diagnostic& b) { return a.place < b.place; });
   return all;
-}
-
-std::size_t Diagnostics::count(Severity severity) const {
-  return static_cast<std::size_t>(
-      std::count_if(all_.begin(), all_.end(), [severity](const Diagnostic& diagnostic) {
-        return severityOf(diagnostic.code) == severity;
-      }));
 }
 
 std::string shown(const Diagnostic& diagnostic, const SourceFile& file) {

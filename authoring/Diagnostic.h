@@ -3,6 +3,7 @@
 #ifndef TAVREL_AUTHORING_DIAGNOSTIC_H
 #define TAVREL_AUTHORING_DIAGNOSTIC_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -56,11 +57,59 @@ enum class Code : std::uint16_t {
   noWayBack = 301,
   tooManyCells = 302,
   repeated = 303,
+
+  fileNotUtf8 = 401,
+  carriageReturn = 402,
+  controlInFile = 403,
+  fileEnds = 404,
+  notANumber = 405,
+  numberTooLarge = 406,
+  tooFewNumbers = 407,
+  numbersLeftOver = 408,
+  negativeCount = 409,
+  wrongCount = 410,
+  unknownNode = 411,
+  badDirection = 412,
+  leftOver = 413,
+  noBoxes = 414,
+
+  rootElsewhere = 501,
+  doubleCell = 502,
+  leadsNowhere = 503,
+  intoAnotherLine = 504,
+  lineInALoop = 505,
+  noStepBack = 506,
+  nothingLeadsHere = 507,
+  tooManyRows = 508,
+  tooLargeToDraw = 509,
+
+  oneExit = 601,
+  linkAndExits = 602,
+  noQuestionMark = 603,
+  questionAtEnd = 604,
+  outOfReach = 605,
+  linkOutsideCatalogue = 606,
+  sameQuestionTwice = 607,
+  sameBoxTwice = 608,
+  noIntroduction = 609,
+  noComment = 610,
+  textTooWide = 611,
+  textTooHigh = 612,
+  callSpelling = 613,
+  rangeSpelling = 614,
+
+  linkWithoutFile = 701,
+  nobodyLinks = 702,
 };
+
+/// Every code there is, in the order of their numbers.
+const std::vector<Code>& allCodes();
 
 /// "T0109".
 std::string nameOf(Code code);
 
+/// Errors keep a chart from being compiled or walked; warnings are likely mistakes; notes say
+/// what an author may want to know.
 Severity severityOf(Code code);
 
 /// One thing that was found.
@@ -74,23 +123,26 @@ struct Diagnostic {
 /// What was found in one file, in the order in which it stands there.
 class Diagnostics {
  public:
+  /// How many are kept. More than that help nobody, and a hostile file has millions.
+  static constexpr std::size_t mostKept = 10'000;
+
   void add(Code code, Place place, std::string text, std::string cure = {});
 
   std::size_t size() const { return all_.size(); }
 
-  /// Forgets all but the first `size` that were found.
-  void forgetFrom(std::size_t size) {
-    all_.erase(all_.begin() + static_cast<std::ptrdiff_t>(size), all_.end());
-  }
+  /// Forgets all but the first `size` that were found. REQUIRES: no more than mostKept were.
+  void forgetFrom(std::size_t size);
 
-  /// Sorted by place; what was found first comes first at one place.
+  /// Those that are kept, sorted by place; what was found first comes first at one place.
   std::vector<Diagnostic> sorted() const;
 
-  std::size_t count(Severity severity) const;
+  /// How many were found, kept or not.
+  std::size_t count(Severity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
   bool hasErrors() const { return count(Severity::error) > 0; }
 
  private:
   std::vector<Diagnostic> all_;
+  std::array<std::size_t, 3> counts_ = {};  // by severity
 };
 
 /// A diagnostic for people: "file:line:col: error: text [T0109]", the line, a caret below the

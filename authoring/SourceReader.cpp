@@ -167,7 +167,7 @@ class Reader {
                           text.find_first_not_of("0123456789") == std::string::npos;
     const int number = isNumber ? std::stoi(text) : 0;
     if (number >= narrowest && number <= widest) {
-      width_ = number;
+      width_ = chart_.width = number;
       return;
     }
     found_.add(Code::wrongType, entry.value.place, "width is a number from 8 to 80",

@@ -32,20 +32,12 @@ Destination destinationOf(const fs::path& source, const std::optional<std::strin
   return {*output, true};
 }
 
-void checkName(const CompiledChart& chart, const fs::path& source, Diagnostics& found) {
-  if (source.stem() == chart.source.chart) return;
-  found.add(
-      Code::wrongFileName, chart.source.chartPlace,
-      "the chart is " + chart.source.chart + ", but the file is " + source.filename().string(),
-      "name the file " + chart.source.chart + ".yaml, or the output with -o FILE");
-}
-
 bool compileOne(const fs::path& source, const std::optional<std::string>& output) {
   const SourceFile file = readInput(source);
   const Destination destination = destinationOf(source, output);
   Diagnostics found;
   const std::optional<CompiledChart> chart = compile(file, catalogueNames(), found);
-  if (chart && !destination.isChosen) checkName(*chart, source, found);
+  if (chart && !destination.isChosen) checkFileName(chart->source, source.string(), found);
   for (const Diagnostic& diagnostic : found.sorted()) std::cerr << shown(diagnostic, file);
   if (!chart || found.hasErrors()) return false;
   writeOutput(destination.path, chart->bytes);

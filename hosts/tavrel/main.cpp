@@ -12,10 +12,12 @@
 #include <utility>
 
 #include "facade/Tavrel.h"
+#include "hosts/tavrel/Check.h"
 #include "hosts/tavrel/Commands.h"
 #include "hosts/tavrel/Compile.h"
 #include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/Library.h"
 #include "hosts/tavrel/Words.h"
 #include "text/Text.h"
 
@@ -26,6 +28,7 @@ namespace {
 struct Invocation {
   Arguments arguments;
   CompileArguments compile;
+  CheckArguments check;
   int status = 0;
 };
 
@@ -55,6 +58,20 @@ void defineCompile(CLI::App& app, Invocation& invocation) {
                    "it, NAME.fv beside its source")
       ->type_name("FILE|DIR");
   compile->add_flag("--watch", arguments.watches, "Compile again whenever a source is saved");
+}
+
+void defineCheck(CLI::App& app, Invocation& invocation) {
+  CheckArguments& arguments = invocation.check;
+  CLI::App* check = addCommand(app, "check", "Say what is wrong with charts", [&invocation] {
+    const auto& charts = invocation.arguments.charts;
+    invocation.status =
+        checkCharts(invocation.check, charts ? *charts : defaultChartsDirectory().string());
+  });
+  check->add_option("FILE", arguments.paths,
+                    "Sources, .fv files, folders of both, or - for a source from standard input; "
+                    "without any, the charts directory");
+  check->add_flag("--json", arguments.asJson, "Print a JSON array");
+  check->add_flag("--strict", arguments.isStrict, "Let warnings count for the exit status");
 }
 
 void defineWalk(CLI::App& app, Invocation& invocation) {
@@ -96,12 +113,14 @@ void define(CLI::App& app, Invocation& invocation) {
       ->required();
   defineWalk(app, invocation);
   defineCompile(app, invocation);
+  defineCheck(app, invocation);
 }
 
 void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
-  throw Failure("list, intro, walk or compile must stand here; 'tavrel --help' shows the usage");
+  throw Failure(
+      "list, intro, walk, compile or check must stand here; 'tavrel --help' shows the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {

@@ -16,7 +16,8 @@ SUITE_FOLDERS = ("unit", "conversations", "reference", "failures")
 
 # What every build of the tests wants, but for its compiler.
 PACKAGES = ("cmake", "ninja-build", "pkg-config", "libcli11-dev", "libgtest-dev",
-            "libncurses-dev", "libutf8proc-dev", "libvterm-dev", "libyaml-cpp-dev")
+            "libncurses-dev", "libutf8proc-dev", "libvterm-dev", "libyaml-cpp-dev",
+            "nlohmann-json3-dev")
 
 
 class CannotWork(Exception):

@@ -1,0 +1,278 @@
+#include "authoring/MeaningCheck.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "authoring/Spelling.h"
+#include "text/Text.h"
+
+namespace tavrel::authoring {
+namespace {
+
+constexpr std::size_t mostLines = 6;          // that still look like a box
+constexpr std::size_t mostMeasured = 10'000;  // bytes of a line, which is too wide by then
+constexpr std::size_t mostSteps = 10'000'000;
+
+// Where walks from some boxes get to.
+class Reach {
+ public:
+  explicit Reach(const ReadChart& chart) : chart_(chart), has_(chart.boxes.size(), false) {}
+
+  bool has(BoxNumber box) const { return has_[static_cast<std::size_t>(box)]; }
+
+  void addFrom(BoxNumber start) {
+    std::vector<BoxNumber> next;
+    add(start, next);
+    while (!next.empty()) {
+      const BoxNumber box = next.back();
+      next.pop_back();
+      for (const Answer answer : answers) add(chart_[box].exits[answer], next);
+    }
+  }
+
+ private:
+  void add(BoxNumber box, std::vector<BoxNumber>& next) {
+    if (box == noBox || has(box)) return;
+    has_[static_cast<std::size_t>(box)] = true;
+    next.push_back(box);
+  }
+
+  const ReadChart& chart_;
+  std::vector<bool> has_;
+};
+
+class MeaningCheck {
+ public:
+  MeaningCheck(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found)
+      : chart_(chart), names_(catalogue.begin(), catalogue.end()), found_(found) {}
+
+  void check() {
+    checkIntroduction();
+    for (std::size_t i = 0; i < chart_.contentCount; ++i) checkContent(chart_.content(i));
+    checkBoxes();
+    checkReach();
+    checkPaths();
+  }
+
+ private:
+  BoxNumber boxCount() const { return static_cast<BoxNumber>(chart_.boxes.size()); }
+
+  // --- texts ----------------------------------------------------------------------
+
+  void checkIntroduction() {
+    if (chart_.intro.size() == 0) {
+      found_.add(Code::noIntroduction, chart_.introPlace, "the chart has no introduction",
+                 "say when to use the chart, and what its words mean");
+    }
+    checkSpelling(chart_.intro, chart_.introPlace, "the introduction");
+  }
+
+  void checkContent(const BoxContent& content) {
+    checkSize(content);
+    checkSpelling(content.text, content.textPlace, "the text");
+    if (const auto call = misspelledLoneCall(content.text.joined())) {
+      report(*call, content.text, content.textPlace, "the text");
+    }
+    if (content.comment.size() == 0) {
+      found_.add(Code::noComment, content.commentPlace, "the box has no comment",
+                 "say why, or give an example");
+    }
+    checkSpelling(content.comment, content.commentPlace, "the comment");
+    checkLink(content);
+  }
+
+  void checkSize(const BoxContent& content) {
+    int widest = 0;
+    for (std::size_t i = 0; i < content.text.size(); ++i) {
+      widest = std::max(widest, displayWidth(content.text[i].substr(0, mostMeasured)));
+    }
+    if (widest > chart_.width) {
+      found_.add(Code::textTooWide, content.textPlace,
+                 "a line of the box takes " + std::to_string(widest) + " columns, and " +
+                     std::to_string(chart_.width) + " are the most",
+                 "break the line, or write less");
+    }
+    if (content.text.size() > mostLines) {
+      found_.add(Code::textTooHigh, content.textPlace,
+                 "the box has " + std::to_string(content.text.size()) + " lines",
+                 "move the details into the comment");
+    }
+  }
+
+  void report(const Misspelling& call, const TextLines& lines, Place place,
+              const std::string& where) {
+    found_.add(Code::callSpelling, chart_.placeOfWord(lines, place, call.offset, call.written),
+               "a call is written as " + call.written + " in " + where, "write " + call.wanted);
+  }
+
+  void checkSpelling(const TextLines& lines, Place place, const std::string& where) {
+    const std::string text = lines.joined();
+    if (const auto call = misspelledCall(text)) report(*call, lines, place, where);
+    if (const auto range = misspelledRange(text)) {
+      found_.add(Code::rangeSpelling,
+                 chart_.placeOfWord(lines, place, range->offset, range->written),
+                 "a range is written as " + range->written + " in " + where,
+                 "write " + range->wanted + ", with an en dash");
+    }
+  }
+
+  void checkLink(const BoxContent& content) {
+    if (content.link.empty() || names_.count(content.link) > 0) return;
+    constexpr std::size_t mostShown = 40;
+    const std::string name = printable(content.link.substr(0, mostShown), Charset::utf8);
+    found_.add(Code::linkOutsideCatalogue, content.linkPlace, "the catalogue has no chart " + name,
+               "'tavrel list' shows the names; capitals matter");
+  }
+
+  // --- boxes ----------------------------------------------------------------------
+
+  void checkBoxes() {
+    std::vector<bool> isWarned(chart_.contentCount, false);  // of the question mark
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      checkExits(number);
+      if (!isWarned[chart_[number].content]) isWarned[chart_[number].content] = warnsOfMark(number);
+    }
+  }
+
+  void checkExits(BoxNumber number) {
+    const ReadBox& box = chart_[number];
+    if (box.isEnd()) return;
+    if (box.exits.yes == noBox || box.exits.no == noBox) {
+      found_.add(
+          Code::oneExit, chart_.placeOf(number),
+          std::string("the box has a ") + (box.exits.yes == noBox ? "no" : "yes") + " exit alone",
+          "say where both answers lead, or leave out the question");
+    } else if (isSameForReaders(box.exits.yes, box.exits.no)) {
+      found_.add(Code::sameBoxTwice, chart_.placeOf(number), "both answers lead to the same box",
+                 "leave out the question, or lead one answer elsewhere");
+    }
+    if (!chart_.content(box.content).link.empty()) {
+      found_.add(Code::linkAndExits, chart_.placeOf(number),
+                 "the box leads into another chart and has exits too",
+                 "keep the link, or the exits");
+    }
+  }
+
+  // An end is repeated for each question that leads to it.
+  bool isSameForReaders(BoxNumber a, BoxNumber b) const {
+    return a == b ||
+           (chart_[a].content == chart_[b].content && chart_[a].isEnd() && chart_[b].isEnd());
+  }
+
+  bool warnsOfMark(BoxNumber number) {
+    const BoxContent content = chart_.content(chart_[number].content);
+    bool hasMark = false;
+    for (std::size_t i = 0; i < content.text.size() && !hasMark; ++i) {
+      hasMark = content.text[i].find('?') != std::string_view::npos;
+    }
+    const bool isEnd = chart_[number].isEnd();
+    if (!isEnd && !hasMark) {
+      found_.add(Code::noQuestionMark, content.textPlace, "the question has no question mark",
+                 "ask for yes or no");
+    } else if (isEnd && hasMark) {
+      found_.add(Code::questionAtEnd, content.textPlace, "a question stands at an end",
+                 "say what to bid, or lead the answers on");
+    }
+    return isEnd == hasMark;
+  }
+
+  // --- ways -----------------------------------------------------------------------
+
+  // Of boxes out of reach that hang together, the one that comes first on their way.
+  void checkReach() {
+    Reach reach(chart_);
+    reach.addFrom(chart_.start);
+    std::vector<bool> isLedTo(chart_.boxes.size(), false);
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      for (const Answer answer : answers) {
+        const BoxNumber next = chart_[number].exits[answer];
+        if (next != noBox && next != number) isLedTo[static_cast<std::size_t>(next)] = true;
+      }
+    }
+    for (const bool isLoop : {false, true}) {
+      for (BoxNumber number = 0; number < boxCount(); ++number) {
+        if (reach.has(number) || isLedTo[static_cast<std::size_t>(number)] != isLoop) continue;
+        found_.add(Code::outOfReach, chart_.placeOf(number),
+                   "no way leads from the start to the box",
+                   "lead an answer to it, or take it away");
+        reach.addFrom(number);
+      }
+    }
+  }
+
+  // Questions with the same text, as groups of at least two.
+  std::vector<std::vector<BoxNumber>> sameQuestions() const {
+    std::unordered_map<std::string, std::vector<BoxNumber>> byText;
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      if (chart_[number].isEnd()) continue;
+      byText[chart_.content(chart_[number].content).text.joined()].push_back(number);
+    }
+    std::vector<std::vector<BoxNumber>> groups;
+    for (auto& [text, boxes] : byText) {
+      if (boxes.size() > 1) groups.push_back(std::move(boxes));
+    }
+    std::sort(groups.begin(), groups.end());
+    return groups;
+  }
+
+  void checkPaths() {
+    std::vector<std::size_t> groupOf(chart_.boxes.size(), 0);
+    std::vector<std::size_t> seen(chart_.boxes.size(), 0);
+    std::size_t group = 0, steps = 0;
+    for (const std::vector<BoxNumber>& boxes : sameQuestions()) {
+      ++group;
+      for (const BoxNumber box : boxes) groupOf[static_cast<std::size_t>(box)] = group;
+      for (const BoxNumber box : boxes) {
+        if (steps >= mostSteps) return;
+        steps += lookBehind(box, group, groupOf, seen);
+      }
+    }
+  }
+
+  // Follows the exits from a question until its text comes again. What was seen behind another
+  // question of the group is not looked at again. Returns the steps it took.
+  std::size_t lookBehind(BoxNumber first, std::size_t group, std::vector<std::size_t>& groupOf,
+                         std::vector<std::size_t>& seen) {
+    std::size_t steps = 0;
+    std::vector<BoxNumber> way = {first};
+    while (!way.empty()) {
+      const BoxNumber box = way.back();
+      way.pop_back();
+      for (const Answer answer : answers) {
+        const BoxNumber next = chart_[box].exits[answer];
+        if (next == noBox || next == first || seen[static_cast<std::size_t>(next)] == group)
+          continue;
+        seen[static_cast<std::size_t>(next)] = group;
+        ++steps;
+        if (groupOf[static_cast<std::size_t>(next)] != group) {
+          way.push_back(next);
+          continue;
+        }
+        const Place place = chart_.placeOf(first);
+        found_.add(Code::sameQuestionTwice, chart_.placeOf(next),
+                   "the question was asked already, on line " + std::to_string(place.line),
+                   "the answer is known here: leave the question out");
+      }
+    }
+    return steps;
+  }
+
+  const ReadChart& chart_;
+  std::unordered_set<std::string_view> names_;
+  Diagnostics& found_;
+};
+
+}  // namespace
+
+void checkMeaning(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found) {
+  MeaningCheck(chart, catalogue, found).check();
+}
+
+}  // namespace tavrel::authoring

@@ -1,0 +1,147 @@
+#include "hosts/tavrel/Check.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "authoring/ChartCheck.h"
+#include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/InputFile.h"
+#include "hosts/tavrel/Library.h"
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace authoring;
+
+bool isChart(const fs::path& path) {
+  return path.extension() == ".yaml" || path.extension() == ".fv";
+}
+
+// Sorted, so that a run says the same everywhere.
+std::vector<fs::path> chartsIn(const fs::path& folder) {
+  std::error_code failed;
+  std::vector<fs::path> charts;
+  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    if (isChart(entry->path()) && !fs::is_directory(entry->path())) charts.push_back(entry->path());
+  }
+  if (failed) throw Failure("cannot read '" + folder.string() + "': " + failed.message());
+  std::sort(charts.begin(), charts.end());
+  return charts;
+}
+
+// What is said of the charts, one after the other.
+class Findings {
+ public:
+  explicit Findings(const CheckArguments& arguments) : arguments_(arguments) {}
+
+  // `areAll`: these are the charts of a folder, which link to each other.
+  void check(const std::vector<fs::path>& paths, bool areAll) {
+    std::vector<SourceFile> files;
+    std::vector<CheckedChart> charts;
+    for (const fs::path& path : paths) {
+      files.push_back(readInput(path));
+      charts.push_back(checkChart(files.back(), catalogue_));
+      if (path != "-") checkLinks(charts.back(), namesBeside(path));
+    }
+    if (areAll) noteUnlinked(charts);
+    for (std::size_t i = 0; i < files.size(); ++i) take(charts[i], files[i]);
+  }
+
+  int finish() {
+    if (arguments_.asJson) {
+      std::cout << array_.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    } else {
+      std::cout << summary() << '\n';
+    }
+    const bool isWarned = arguments_.isStrict && count(Severity::warning) > 0;
+    return isWarned || count(Severity::error) > 0 ? 1 : 0;
+  }
+
+ private:
+  std::size_t count(Severity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
+
+  const std::set<std::string>& namesBeside(const fs::path& file) {
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    const auto [names, isNew] = names_.try_emplace(folder);
+    if (isNew) {
+      for (const fs::path& chart : chartsIn(folder)) names->second.insert(chart.stem().string());
+    }
+    return names->second;
+  }
+
+  void take(const CheckedChart& chart, const SourceFile& file) {
+    ++files_;
+    std::size_t unseen = 0;
+    for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
+      counts_[static_cast<std::size_t>(severity)] += chart.found.count(severity);
+      unseen += chart.found.count(severity);
+    }
+    for (const Diagnostic& diagnostic : chart.found.sorted()) {
+      --unseen;
+      if (arguments_.asJson) {
+        array_.push_back(jsonOf(diagnostic, file.name()));
+      } else {
+        std::cout << shown(diagnostic, file);
+      }
+    }
+    if (unseen > 0) std::cerr << file.name() << ": " << unseen << " more, which are not shown\n";
+  }
+
+  static nlohmann::ordered_json jsonOf(const Diagnostic& diagnostic, const std::string& file) {
+    return {{"file", file},
+            {"line", diagnostic.place.line},
+            {"column", diagnostic.place.column},
+            {"severity", authoring::nameOf(severityOf(diagnostic.code))},
+            {"code", authoring::nameOf(diagnostic.code)},
+            {"text", diagnostic.text},
+            {"cure", diagnostic.cure}};
+  }
+
+  static std::string counted(std::size_t count, const char* what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+  }
+
+  std::string summary() const {
+    return counted(files_, "file") + " checked: " + counted(count(Severity::error), "error") +
+           ", " + counted(count(Severity::warning), "warning") + ", " +
+           counted(count(Severity::note), "note");
+  }
+
+  const CheckArguments& arguments_;
+  const Catalogue catalogue_ = catalogueNames();
+  nlohmann::ordered_json array_ = nlohmann::ordered_json::array();
+  std::map<fs::path, std::set<std::string>> names_;  // of the charts in a folder
+  std::size_t files_ = 0;
+  std::array<std::size_t, 3> counts_ = {};
+};
+
+}  // namespace
+
+int checkCharts(const CheckArguments& arguments, const std::string& usualFolder) {
+  std::vector<std::string> paths = arguments.paths;
+  if (paths.empty()) paths.push_back(usualFolder);
+  Findings findings(arguments);
+  for (const std::string& path : paths) {
+    if (!fs::is_directory(path)) {
+      findings.check({path}, false);
+      continue;
+    }
+    const std::vector<fs::path> charts = chartsIn(path);
+    if (charts.empty()) throw Failure("there is no *.yaml and no *.fv in '" + path + "'");
+    findings.check(charts, true);
+  }
+  return findings.finish();
+}
+
+}  // namespace tavrel

@@ -1,0 +1,143 @@
+// What the strict reader says of files that the engine reads leniently.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "authoring/FvReader.h"
+#include "tests/authoring/Charts.h"
+#include "tests/support/Files.h"
+
+namespace tavrel::authoring {
+namespace {
+
+using Said = std::vector<std::string>;
+
+const std::vector<std::string> goodBoxes = {"0 0 0 0 0 1 0", "1 2 0 0 0 -1 -1", "2 0 1 0 0 -1 -1"};
+const std::vector<std::string> goodConnectors = {"0 0 0 1 1 1 0"};
+const std::string goodFile = fvWith(goodBoxes, goodConnectors);
+
+std::string changed(const std::string& from, const std::string& to) {
+  std::string file = goodFile;
+  return file.replace(file.find(from), from.size(), to);
+}
+
+TEST(FvReader, SaysNothingOfAGoodFile) { EXPECT_EQ(saidOfFv(goodFile), Said{}); }
+
+TEST(FvReader, SaysNothingOfTheChartsOfTheTree) {
+  std::size_t count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(TAVREL_CHARTS)) {
+    if (entry.path().extension() != ".fv") continue;
+    ++count;
+    EXPECT_EQ(saidOfFv(readFile(entry.path())), Said{}) << entry.path();
+  }
+  EXPECT_LE(1U, count);
+}
+
+TEST(FvReader, ReadsTextsAndCellsByTheirLines) {
+  const SourceFile file("Opening.fv", goodFile);
+  Diagnostics found;
+  const auto read = readFv(file, found);
+  ASSERT_TRUE(read);
+  ASSERT_EQ(read->nodes.size(), 3U);
+  EXPECT_EQ(file.line(read->intro.first), "When to open.");
+  EXPECT_EQ(file.line(read->nodes[1].text.first), "Pass");
+  EXPECT_EQ(file.line(read->nodes[1].comment.first), "Every other hand.");
+  ASSERT_EQ(read->boxes.size(), 3U);
+  EXPECT_EQ(read->boxes[1].line, 23U);
+  EXPECT_EQ(read->boxes[1].node, 1);
+  EXPECT_EQ(read->boxes[1].cell, (Cell{2, 0}));
+  EXPECT_EQ(read->boxes[0].exits.no, Direction::down);
+  ASSERT_EQ(read->connectors.size(), 1U);
+  EXPECT_EQ(read->connectors[0].cell, (Cell{1, 0}));
+  EXPECT_EQ(read->connectors[0].into, Direction::right);
+}
+
+TEST(FvReader, TakesWhatTheFormatAllows) {
+  EXPECT_EQ(saidOfFv(changed("3 nodes\n", "\n \t\n  +3\tnodes # three\n")), Said{});
+  EXPECT_EQ(saidOfFv(changed("0 0 0 0 0 1 0\n", " 0 00 -0 0 0 1 0  # root\n")), Said{});
+  EXPECT_EQ(saidOfFv(goodFile.substr(0, goodFile.size() - 1)), Said{});
+  EXPECT_EQ(saidOfFv(goodFile + "\n  \n"), Said{});
+}
+
+TEST(FvReader, SaysWhereTheFileEndsWhereverItIsCut) {
+  const std::size_t cells = goodFile.find("3 boxes");
+  for (std::size_t size = 0; size < cells; ++size) {
+    const Said said = saidOfFv(goodFile.substr(0, size));
+    EXPECT_FALSE(said.empty()) << size;
+  }
+  EXPECT_EQ(saidOfFv(""), (Said{"1:1 T0404"}));
+  EXPECT_EQ(saidOfFv("Opening\n"), (Said{"2:1 T0404"}));
+  EXPECT_EQ(saidOfFv(goodFile.substr(0, cells)), (Said{"21:1 T0404"}));
+}
+
+TEST(FvReader, WantsNumbersWhereCountsStand) {
+  EXPECT_EQ(saidOfFv(changed("3 nodes", "three nodes")), (Said{"5:1 T0405"}));
+  EXPECT_EQ(saidOfFv(changed("3 nodes", " -nodes")), (Said{"5:2 T0405"}));
+  EXPECT_EQ(saidOfFv(changed("3 nodes", "3nodes")), (Said{"5:1 T0405"}));
+  EXPECT_EQ(saidOfFv(changed("3 nodes", "-3 nodes")), (Said{"5:1 T0409"}));
+  EXPECT_EQ(saidOfFv(changed("3 nodes", "2147483648 nodes")), (Said{"5:1 T0406"}));
+  EXPECT_EQ(saidOfFv(changed("3 nodes", "3 2 nodes")), (Said{"5:3 T0408"}));
+}
+
+TEST(FvReader, FindsCountsThatAreTooLarge) {
+  EXPECT_EQ(saidOfFv(changed("1 line", "99 lines")), (Said{"3:1 T0410"}));
+  EXPECT_EQ(saidOfFv(changed("1 line", "2147483647 lines")), (Said{"3:1 T0410"}));
+  EXPECT_EQ(saidOfFv("Opening\nx\n2 lines\nWhen\n"), (Said{"3:1 T0410"}));
+  EXPECT_EQ(saidOfFv("Opening\nx\n2 lines\nWhen\nto\n"), (Said{"6:1 T0404"}));
+  EXPECT_EQ(saidOfFv(changed("3 boxes", "4 boxes")), (Said{"21:1 T0410"}));
+  EXPECT_EQ(saidOfFv(changed("1 connectors", "2 connectors")), (Said{"25:1 T0410"}));
+}
+
+TEST(FvReader, FindsCountsThatAreTooSmall) {
+  EXPECT_EQ(saidOfFv(changed("1\nPass", "0\nPass")), (Said{"12:1 T0405"}));
+  EXPECT_EQ(saidOfFv(changed("3 boxes", "2 boxes")), (Said{"21:1 T0410"}));
+  EXPECT_EQ(saidOfFv(changed("1 connectors", "0 connectors")), (Said{"25:1 T0410"}));
+}
+
+TEST(FvReader, GoesOnBehindACellThatIsWrong) {
+  EXPECT_EQ(saidOfCells({"0 0 0 0 0 1 x", "1 1 0 0 0 -1", "1 0 1 0 0 -1 4294967295"}),
+            (Said{"22:13 T0405", "23:13 T0407", "24:14 T0406"}));
+}
+
+TEST(FvReader, TellsACellWithASlipFromTheNextCount) {
+  EXPECT_EQ(saidOfCells({"0 0 0 0 0 1 0", "1 x 0 0 0 -1 -1", "2 0 1 0 0 -1 -1"}),
+            (Said{"23:3 T0405"}));
+  EXPECT_EQ(saidOfFv(changed("3 boxes", "4 boxes: node x y 0 0 yes no")), (Said{"21:1 T0410"}));
+  EXPECT_EQ(
+      saidOfFv(changed("3 boxes", "4 boxes")
+                   .replace(goodFile.find("1 connectors"), 12, "1 cells: 0 0 0 into out x y")),
+      (Said{"21:1 T0410"}));
+}
+
+TEST(FvReader, KnowsDirectionsAndNodes) {
+  EXPECT_EQ(saidOfCells({"0 0 0 0 0 4 -2", "3 1 0 0 0 -1 -1", "-1 0 1 0 0 -1 -1"}),
+            (Said{"22:11 T0412", "22:13 T0412", "23:1 T0411", "24:1 T0411"}));
+  EXPECT_EQ(saidOfCells(goodBoxes, {"0 0 0 -1 4 1 0"}), (Said{"26:7 T0412", "26:10 T0412"}));
+}
+
+TEST(FvReader, SaysOnceWhichBytesDontBelongInTexts) {
+  EXPECT_EQ(saidOfFv(changed("When", "Wh\xC3")), (Said{"4:3 T0401"}));
+  EXPECT_EQ(saidOfFv(changed("When", "W\r\n")).front(), "4:2 T0402");
+  EXPECT_EQ(saidOfFv(changed("When", std::string("Wh\0n", 4))), (Said{"4:3 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "♣\tn\t")), (Said{"4:2 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "Wh\x7F")), (Said{"4:3 T0403"}));
+}
+
+TEST(FvReader, FindsWhatIsLeftOver) {
+  EXPECT_EQ(saidOfFv(goodFile + "\n  the end\nreally\n"), (Said{"28:3 T0413"}));
+}
+
+TEST(FvReader, WantsABox) { EXPECT_EQ(saidOfCells({}), (Said{"21:1 T0414"})); }
+
+TEST(FvReader, KeepsTenThousandFindingsAndCountsTheOthers) {
+  std::vector<std::string> boxes(20'000, "0 0 0 0 0 1");
+  const CheckedChart checked = checkChart(SourceFile("Opening.fv", fvWith(boxes)), fewCharts);
+  EXPECT_EQ(checked.found.sorted().size(), 10'000U);
+  EXPECT_EQ(checked.found.count(Severity::error), 20'000U);
+}
+
+}  // namespace
+}  // namespace tavrel::authoring
