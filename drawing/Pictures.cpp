@@ -1,0 +1,182 @@
+#include "drawing/Pictures.h"
+
+#include <cairo-pdf.h>
+#include <cairo.h>
+#include <librsvg/rsvg.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <stdexcept>
+
+#include "drawing/PageLayout.h"
+
+namespace tavrel::drawing {
+namespace {
+
+constexpr int pixelsForUnit = 2;
+constexpr double longestSide = 32767;  // that cairo draws
+constexpr double mostPixels = 64e6;
+
+template <auto release>
+struct Releaser {
+  template <typename Thing>
+  void operator()(Thing* thing) const {
+    release(thing);
+  }
+};
+template <typename Thing, auto release>
+using Held = std::unique_ptr<Thing, Releaser<release>>;
+
+using Picture = Held<RsvgHandle, g_object_unref>;
+using Stream = Held<GInputStream, g_object_unref>;
+using Surface = Held<cairo_surface_t, cairo_surface_destroy>;
+using Context = Held<cairo_t, cairo_destroy>;
+
+[[noreturn]] void fail(GError* error) {
+  const std::string why = error->message;
+  g_error_free(error);
+  throw std::runtime_error(why);
+}
+
+void check(cairo_status_t status) {
+  if (status != CAIRO_STATUS_SUCCESS) throw std::runtime_error(cairo_status_to_string(status));
+}
+
+// However large it is: it comes from this project.
+Picture pictureOf(const std::string& svg) {
+  GError* error = nullptr;
+  const Stream stream(
+      g_memory_input_stream_new_from_data(svg.data(), static_cast<gssize>(svg.size()), nullptr));
+  Picture picture(rsvg_handle_new_from_stream_sync(stream.get(), nullptr,
+                                                   RSVG_HANDLE_FLAG_UNLIMITED, nullptr, &error));
+  if (!picture) fail(error);
+  return picture;
+}
+
+PageSize sizeOf(const Picture& picture) {
+  PageSize size{};
+  rsvg_handle_get_intrinsic_size_in_pixels(picture.get(), &size.width, &size.height);
+  return size;
+}
+
+void render(const Picture& picture, cairo_t* context, const RsvgRectangle& area) {
+  GError* error = nullptr;
+  if (!rsvg_handle_render_document(picture.get(), context, &area, &error)) fail(error);
+}
+
+cairo_status_t appendBytes(void* out, const unsigned char* bytes, unsigned int count) noexcept try {
+  static_cast<std::string*>(out)->append(reinterpret_cast<const char*>(bytes), count);
+  return CAIRO_STATUS_SUCCESS;
+} catch (const std::bad_alloc&) {
+  return CAIRO_STATUS_NO_MEMORY;
+}
+
+std::string png(const std::string& svg) {
+  const Picture picture = pictureOf(svg);
+  const PageSize size = sizeOf(picture);
+  const PageSize pixels{size.width * pixelsForUnit, size.height * pixelsForUnit};
+  if (std::max(pixels.width, pixels.height) > longestSide ||
+      pixels.width * pixels.height > mostPixels) {
+    throw std::runtime_error("it would be " + std::to_string(std::llround(pixels.width)) + " by " +
+                             std::to_string(std::llround(pixels.height)) +
+                             " pixels, which is too large for PNG; draw an SVG or a PDF");
+  }
+  const Surface surface(cairo_image_surface_create(
+      CAIRO_FORMAT_RGB24, static_cast<int>(pixels.width), static_cast<int>(pixels.height)));
+  const Context context(cairo_create(surface.get()));
+  render(picture, context.get(), {0, 0, pixels.width, pixels.height});
+  check(cairo_status(context.get()));
+  std::string bytes;
+  check(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &bytes));
+  return bytes;
+}
+
+// The part of the picture that belongs on the page, and no more of it.
+void renderTile(const Picture& picture, cairo_t* context, const PageLayout& layout, int column,
+                int row) {
+  const PageSize size = sizeOf(picture);
+  cairo_save(context);
+  cairo_rectangle(context, layout.left, layout.top, layout.area.width, layout.area.height);
+  cairo_clip(context);
+  render(picture, context,
+         {layout.left - column * layout.area.width, layout.top - row * layout.area.height,
+          size.width * layout.scale, size.height * layout.scale});
+  cairo_restore(context);
+}
+
+// Two strokes at each corner, outside the area: along them it is cut.
+void drawCropMarks(cairo_t* context, const PageLayout& layout) {
+  constexpr double gap = 4;
+  constexpr double length = 14;
+  const double right = layout.left + layout.area.width;
+  const double bottom = layout.top + layout.area.height;
+  for (const double x : {layout.left, right}) {
+    for (const double y : {layout.top, bottom}) {
+      const double outwardX = x == right ? 1 : -1;
+      const double outwardY = y == bottom ? 1 : -1;
+      cairo_move_to(context, x + outwardX * gap, y);
+      cairo_rel_line_to(context, outwardX * length, 0);
+      cairo_move_to(context, x, y + outwardY * gap);
+      cairo_rel_line_to(context, 0, outwardY * length);
+    }
+  }
+  cairo_set_source_rgb(context, 0, 0, 0);
+  cairo_set_line_width(context, 0.5);
+  cairo_stroke(context);
+}
+
+std::string placeOf(const PageLayout& layout, int column, int row) {
+  return "across " + std::to_string(column + 1) + " of " + std::to_string(layout.across) +
+         ", down " + std::to_string(row + 1) + " of " + std::to_string(layout.down);
+}
+
+// In the middle of the lower margin.
+void drawCaption(cairo_t* context, const PageLayout& layout, const std::string& caption) {
+  cairo_text_extents_t extents;
+  cairo_select_font_face(context, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+  cairo_set_font_size(context, 8);
+  cairo_text_extents(context, caption.c_str(), &extents);
+  cairo_set_source_rgb(context, 0, 0, 0);
+  cairo_move_to(context, (layout.page.width - extents.x_advance) / 2, layout.page.height - 18);
+  cairo_show_text(context, caption.c_str());
+}
+
+void drawPage(const Picture& picture, cairo_t* context, const PageLayout& layout,
+              const PdfOptions& options, int column, int row) {
+  renderTile(picture, context, layout, column, row);
+  if (layout.isTiled()) {
+    drawCropMarks(context, layout);
+    drawCaption(context, layout, options.title + ": " + placeOf(layout, column, row));
+  } else if (options.paper != Paper::fit) {
+    drawCaption(context, layout, options.title);
+  }
+  cairo_show_page(context);
+  check(cairo_status(context));
+}
+
+std::string pdf(const std::string& svg, const PdfOptions& options) {
+  const Picture picture = pictureOf(svg);
+  const PageLayout layout = pageLayoutOf(sizeOf(picture), options.paper);
+  std::string bytes;
+  const Surface surface(cairo_pdf_surface_create_for_stream(appendBytes, &bytes, layout.page.width,
+                                                            layout.page.height));
+  cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, options.title.c_str());
+  const Context context(cairo_create(surface.get()));
+  for (int row = 0; row < layout.down; ++row) {
+    for (int column = 0; column < layout.across; ++column) {
+      drawPage(picture, context.get(), layout, options, column, row);
+    }
+  }
+  cairo_surface_finish(surface.get());
+  check(cairo_surface_status(surface.get()));
+  return bytes;
+}
+
+}  // namespace
+}  // namespace tavrel::drawing
+
+extern "C" {
+__attribute__((visibility("default"))) extern const tavrel::PictureMakers tavrelPictureMakers;
+const tavrel::PictureMakers tavrelPictureMakers = {tavrel::drawing::png, tavrel::drawing::pdf};
+}

@@ -1,0 +1,68 @@
+// A flowchart as a picture in SVG.
+//
+//     Tavrel navigator("charts");
+//     navigator.startNewPathForFlowchartAtIndexYesNoString(0, "ny");
+//     SvgOptions options;
+//     options.title = "Deciding on an Opening Bid";
+//     puts(svgOf(navigator, options).c_str());
+//
+// Larger x is further right, larger y further down. Columns and rows keep the
+// order and at least the distances of the layout offsets. Boxes stand in frames,
+// round ones where the chart ends; a box that leads into another flowchart names
+// it below its text and is a link to that picture. The words yes and no stand on
+// the exits, an arrowhead where a line arrives, a cross where a line leads to
+// nothing.
+//
+// Without colour too, what the prepared path passes has heavy lines and double
+// frames, and the place has a heavy frame and a disc on its upper left corner.
+//
+// Text is text, in the reader's own fonts: it can be searched, copied and read
+// aloud. Frames are measured for wide fonts (see FontWidths.h). What a reader's
+// program finds out about the picture:
+//
+//   - the picture is a document with a title;
+//   - each box is a group with the id box-X-Y, by its cell, and a title that says
+//     its text, what its exits lead to, the flowchart it leads into, and whether it
+//     is on the path or the place: "12+? Yes: Open. No: Pass. On the path.";
+//   - boxes come in reading order: from the root along the exits, what yes leads
+//     to before what no leads to, each box once;
+//   - lines, labels and frames are hidden from it.
+//
+// There are no scripts and no styles that could reach what stands around the
+// picture. Text that is not fit to be shown is made so (see printable in
+// text/Text.h). A box with a line that is not UTF-8 shows "(not UTF-8)".
+
+#ifndef TAVREL_DRAWING_SVGCHART_H
+#define TAVREL_DRAWING_SVGCHART_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "drawing/Theme.h"
+#include "facade/Tavrel.h"
+
+namespace tavrel {
+
+/// A cell of the grid.
+struct GridPlace {
+  std::int64_t x;
+  std::int64_t y;
+};
+
+struct SvgOptions {
+  std::string title;  ///< of the whole; the flowchart's file name if empty
+  Theme theme = Theme::light;
+  std::optional<GridPlace> place;      ///< the box to be lit; none without it
+  std::string linkExtension = ".svg";  ///< a link to RespNT leads to the file RespNT.svg
+};
+
+/// The picture of the navigator's current flowchart, path marks as they are at this
+/// moment, ending in a line feed. The same chart always gives the same bytes.
+/// Throws what `Tavrel::elementsInBounds` throws. Cost: a sort of the flowchart's
+/// elements; memory follows their number, not their coordinates.
+std::string svgOf(const Tavrel& navigator, const SvgOptions& options);
+
+}  // namespace tavrel
+
+#endif  // TAVREL_DRAWING_SVGCHART_H

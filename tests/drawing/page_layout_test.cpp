@@ -1,0 +1,84 @@
+// How a picture is spread over pages, and what its text is measured by.
+
+#include "drawing/PageLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "drawing/FontWidths.h"
+
+namespace tavrel::drawing {
+namespace {
+
+constexpr double textHeight = 14;  // of a picture, in its units
+
+TEST(PageLayout, HasOnePageOfThePicturesSizeWithoutPaper) {
+  const PageLayout layout = pageLayoutOf({1000, 400}, Paper::fit);
+  EXPECT_DOUBLE_EQ(layout.page.width, 750);
+  EXPECT_DOUBLE_EQ(layout.page.height, 300);
+  EXPECT_FALSE(layout.isTiled());
+}
+
+TEST(PageLayout, MakesAHugePageAsSmallAsReadersNeed) {
+  const PageLayout layout = pageLayoutOf({1000, 200000}, Paper::fit);
+  EXPECT_DOUBLE_EQ(layout.page.height, 14400);
+  EXPECT_DOUBLE_EQ(layout.page.width, 72);
+}
+
+TEST(PageLayout, LeavesASmallPictureItsSizeInTheMiddleOfThePaper) {
+  const PageLayout layout = pageLayoutOf({200, 100}, Paper::a4);
+  EXPECT_DOUBLE_EQ(layout.scale, 0.75);
+  EXPECT_DOUBLE_EQ(layout.left, (layout.page.width - 150) / 2);
+  EXPECT_DOUBLE_EQ(layout.top, (layout.page.height - 75) / 2);
+}
+
+TEST(PageLayout, TurnsThePaperToShowMore) {
+  const PageLayout wide = pageLayoutOf({1200, 700}, Paper::letter);
+  EXPECT_GT(wide.page.width, wide.page.height);
+  const PageLayout high = pageLayoutOf({700, 1200}, Paper::letter);
+  EXPECT_LT(high.page.width, high.page.height);
+}
+
+TEST(PageLayout, FitsOnePageWhileTheTextCanBeRead) {
+  const PageLayout layout = pageLayoutOf({900, 1600}, Paper::a4);
+  EXPECT_FALSE(layout.isTiled());
+  EXPECT_GE(layout.scale * textHeight, 6.5);
+  EXPECT_LE(layout.area.height, layout.page.height - 72 + 0.001);
+}
+
+TEST(PageLayout, SpreadsALargerPictureOverPagesThatHoldAllOfIt) {
+  const PageLayout layout = pageLayoutOf({3000, 2000}, Paper::a4);
+  EXPECT_TRUE(layout.isTiled());
+  EXPECT_DOUBLE_EQ(layout.scale * textHeight, 9);
+  EXPECT_GE(layout.across * layout.area.width, 3000 * layout.scale);
+  EXPECT_LT((layout.across - 1) * layout.area.width, 3000 * layout.scale);
+  EXPECT_GE(layout.down * layout.area.height, 2000 * layout.scale);
+  EXPECT_LT((layout.down - 1) * layout.area.height, 2000 * layout.scale);
+}
+
+TEST(PageLayout, RefusesAPictureOfTooManyPages) {
+  EXPECT_NO_THROW(pageLayoutOf({5000, 90000}, Paper::letter));
+  EXPECT_THROW(pageLayoutOf({50000, 100000}, Paper::letter), std::runtime_error);
+  EXPECT_THROW(pageLayoutOf({1e10, 1e10}, Paper::a4), std::runtime_error);
+}
+
+TEST(FontWidths, FollowTheLettersAndTheSize) {
+  EXPECT_EQ(fontWidth("", 14), 0);
+  EXPECT_LT(fontWidth("ill", 14), fontWidth("www", 14));
+  EXPECT_EQ(fontWidth("Pass", 20), 2 * fontWidth("Pass", 10));
+  EXPECT_EQ(fontWidth("M", 1000), 863);
+}
+
+TEST(FontWidths, KnowAccentsSuitsDashesAndWideLetters) {
+  EXPECT_EQ(fontWidth("é", 100), fontWidth("e", 100));
+  EXPECT_EQ(fontWidth("e\u0301", 100), fontWidth("e", 100));
+  EXPECT_GT(fontWidth("♠", 100), fontWidth("S", 100));
+  EXPECT_LT(fontWidth("–", 100), fontWidth("—", 100));
+  EXPECT_GT(fontWidth("漢", 100), fontWidth("M", 100));
+  EXPECT_EQ(fontWidth("Ж", 100), 110);
+  EXPECT_EQ(fontWidth("\u200B", 100), 0);
+}
+
+}  // namespace
+}  // namespace tavrel::drawing
