@@ -32,6 +32,8 @@ if(TAVREL_BUILD_TOOLS)
   set_target_properties(tavrel_command PROPERTIES
     INSTALL_RPATH "$ORIGIN/${library_from_program}")
   install(TARGETS tavrel_command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  set_target_properties(tavrel_pictures PROPERTIES INSTALL_RPATH "$ORIGIN/..")
+  install(TARGETS tavrel_pictures LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/tavrel)
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/charts
   DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel

@@ -14,6 +14,7 @@
 #include "facade/Tavrel.h"
 #include "hosts/tavrel/Commands.h"
 #include "hosts/tavrel/Compile.h"
+#include "hosts/tavrel/Draw.h"
 #include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Words.h"
@@ -26,6 +27,7 @@ namespace {
 struct Invocation {
   Arguments arguments;
   CompileArguments compile;
+  DrawArguments draw;
   int status = 0;
 };
 
@@ -55,6 +57,35 @@ void defineCompile(CLI::App& app, Invocation& invocation) {
                    "it, NAME.fv beside its source")
       ->type_name("FILE|DIR");
   compile->add_flag("--watch", arguments.watches, "Compile again whenever a source is saved");
+}
+
+void defineDraw(CLI::App& app, Invocation& invocation) {
+  DrawArguments& arguments = invocation.draw;
+  CLI::App* draw = addCommand(app, "draw", "Draw a flowchart into a file", [&invocation] {
+    invocation.status = drawChart(invocation.draw, invocation.arguments.charts);
+  });
+  draw->add_option("NAME|FILE", arguments.chart,
+                   "A flowchart's name or title, a source (.yaml), or a flowchart file (.fv)")
+      ->required();
+  draw->add_option("-o,--output", arguments.output,
+                   "The file to write; without it, or with -, standard output")
+      ->type_name("FILE");
+  draw->add_option("--format", arguments.format,
+                   "svg, pdf, png or txt; without it, what the file's name ends in, or svg")
+      ->check(CLI::IsMember({"svg", "pdf", "png", "txt"}))
+      ->type_name("FORMAT");
+  draw->add_option("--answers", arguments.answers,
+                   "Answers (y and n) whose path is lit, and the box they lead to")
+      ->type_name("yyn...");
+  draw->add_option("--at", arguments.at, "The column and row of the box to be lit as the place")
+      ->type_name("X,Y");
+  draw->add_option("--theme", arguments.theme, "light, dark, print (black on white) or two-colour")
+      ->check(CLI::IsMember({"light", "dark", "print", "two-colour"}))
+      ->type_name("THEME");
+  draw->add_option("--page", arguments.page,
+                   "The paper of a PDF: A4, Letter, or fit for a page of the drawing's size")
+      ->check(CLI::IsMember({"A4", "Letter", "fit"}))
+      ->type_name("PAGE");
 }
 
 void defineWalk(CLI::App& app, Arguments& arguments) {
@@ -90,12 +121,14 @@ void define(CLI::App& app, Invocation& invocation) {
       ->required();
   defineWalk(app, arguments);
   defineCompile(app, invocation);
+  defineDraw(app, invocation);
 }
 
 void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
-  throw Failure("list, intro, walk or compile must stand here; 'tavrel --help' shows the usage");
+  throw Failure(
+      "list, intro, walk, compile or draw must stand here; 'tavrel --help' shows the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {

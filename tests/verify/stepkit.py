@@ -16,7 +16,9 @@ SUITE_FOLDERS = ("unit", "conversations", "reference", "failures")
 
 # What every build of the tests wants, but for its compiler.
 PACKAGES = ("cmake", "ninja-build", "pkg-config", "libcli11-dev", "libgtest-dev",
-            "libncurses-dev", "libutf8proc-dev", "libvterm-dev", "libyaml-cpp-dev")
+            "libncurses-dev", "libutf8proc-dev", "libvterm-dev", "libyaml-cpp-dev",
+            "libpugixml-dev", "libcairo2-dev", "librsvg2-dev", "fonts-dejavu-core",
+            "poppler-utils")
 
 
 class CannotWork(Exception):
