@@ -3,6 +3,8 @@
 #ifndef TAVREL_DRAWING_PAGELAYOUT_H
 #define TAVREL_DRAWING_PAGELAYOUT_H
 
+#include <vector>
+
 #include "drawing/Pictures.h"
 
 namespace tavrel::drawing {
@@ -13,22 +15,27 @@ struct PageSize {
   double height;
 };
 
-/// One picture's pages, all of one size. Lengths are in points.
-struct PageLayout {
-  PageSize page;
-  double left;  ///< of the part of a page that shows the picture
-  double top;
-  PageSize area;  ///< of that part
-  double scale;   ///< points for each of the picture's units
-  int across;     ///< pages from left to right
-  int down;       ///< pages from top to bottom
+/// A piece of a picture's width or height, in its units.
+struct PageSpan {
+  double start;
+  double length;
+};
 
-  bool isTiled() const { return across * down > 1; }
+/// One picture's pages, all of one size.
+struct PageLayout {
+  PageSize page;  ///< in points
+  double left;    ///< of what a page shows of the picture, in points; so `top`
+  double top;
+  double scale;                   ///< points for each of the picture's units
+  std::vector<PageSpan> columns;  ///< what the pages show, from left to right
+  std::vector<PageSpan> rows;     ///< and from top to bottom
+
+  bool isTiled() const { return columns.size() * rows.size() > 1; }
 };
 
 /// The layout of a picture of that size, in its units. The rule is that of
 /// PictureMakers::pdf. Throws std::runtime_error for one of too many pages.
-PageLayout pageLayoutOf(const PageSize& picture, Paper paper);
+PageLayout pageLayoutOf(const PageSize& picture, Paper paper, const SvgCuts& cuts);
 
 }  // namespace tavrel::drawing
 

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <memory>
+#include <new>
 #include <stdexcept>
 
 #include "drawing/PageLayout.h"
@@ -92,29 +94,41 @@ std::string png(const std::string& svg) {
   return bytes;
 }
 
+// What a page shows of the picture.
+struct Tile {
+  const PageLayout& layout;
+  std::size_t column;
+  std::size_t row;
+
+  PageSpan across() const { return layout.columns[column]; }
+  PageSpan down() const { return layout.rows[row]; }
+  double right() const { return layout.left + across().length * layout.scale; }
+  double bottom() const { return layout.top + down().length * layout.scale; }
+};
+
 // The part of the picture that belongs on the page, and no more of it.
-void renderTile(const Picture& picture, cairo_t* context, const PageLayout& layout, int column,
-                int row) {
+void renderTile(const Picture& picture, cairo_t* context, const Tile& tile) {
+  const PageLayout& layout = tile.layout;
   const PageSize size = sizeOf(picture);
   cairo_save(context);
-  cairo_rectangle(context, layout.left, layout.top, layout.area.width, layout.area.height);
+  cairo_rectangle(context, layout.left, layout.top, tile.right() - layout.left,
+                  tile.bottom() - layout.top);
   cairo_clip(context);
   render(picture, context,
-         {layout.left - column * layout.area.width, layout.top - row * layout.area.height,
-          size.width * layout.scale, size.height * layout.scale});
+         {layout.left - tile.across().start * layout.scale,
+          layout.top - tile.down().start * layout.scale, size.width * layout.scale,
+          size.height * layout.scale});
   cairo_restore(context);
 }
 
 // Two strokes at each corner, outside the area: along them it is cut.
-void drawCropMarks(cairo_t* context, const PageLayout& layout) {
+void drawCropMarks(cairo_t* context, const Tile& tile) {
   constexpr double gap = 4;
   constexpr double length = 14;
-  const double right = layout.left + layout.area.width;
-  const double bottom = layout.top + layout.area.height;
-  for (const double x : {layout.left, right}) {
-    for (const double y : {layout.top, bottom}) {
-      const double outwardX = x == right ? 1 : -1;
-      const double outwardY = y == bottom ? 1 : -1;
+  for (const double x : {tile.layout.left, tile.right()}) {
+    for (const double y : {tile.layout.top, tile.bottom()}) {
+      const double outwardX = x == tile.layout.left ? -1 : 1;
+      const double outwardY = y == tile.layout.top ? -1 : 1;
       cairo_move_to(context, x + outwardX * gap, y);
       cairo_rel_line_to(context, outwardX * length, 0);
       cairo_move_to(context, x, y + outwardY * gap);
@@ -126,9 +140,10 @@ void drawCropMarks(cairo_t* context, const PageLayout& layout) {
   cairo_stroke(context);
 }
 
-std::string placeOf(const PageLayout& layout, int column, int row) {
-  return "across " + std::to_string(column + 1) + " of " + std::to_string(layout.across) +
-         ", down " + std::to_string(row + 1) + " of " + std::to_string(layout.down);
+std::string placeOf(const Tile& tile) {
+  return "across " + std::to_string(tile.column + 1) + " of " +
+         std::to_string(tile.layout.columns.size()) + ", down " + std::to_string(tile.row + 1) +
+         " of " + std::to_string(tile.layout.rows.size());
 }
 
 // In the middle of the lower margin.
@@ -142,14 +157,14 @@ void drawCaption(cairo_t* context, const PageLayout& layout, const std::string& 
   cairo_show_text(context, caption.c_str());
 }
 
-void drawPage(const Picture& picture, cairo_t* context, const PageLayout& layout,
-              const PdfOptions& options, int column, int row) {
-  renderTile(picture, context, layout, column, row);
-  if (layout.isTiled()) {
-    drawCropMarks(context, layout);
-    drawCaption(context, layout, options.title + ": " + placeOf(layout, column, row));
+void drawPage(const Picture& picture, cairo_t* context, const Tile& tile,
+              const PdfOptions& options) {
+  renderTile(picture, context, tile);
+  if (tile.layout.isTiled()) {
+    drawCropMarks(context, tile);
+    drawCaption(context, tile.layout, options.title + ": " + placeOf(tile));
   } else if (options.paper != Paper::fit) {
-    drawCaption(context, layout, options.title);
+    drawCaption(context, tile.layout, options.title);
   }
   cairo_show_page(context);
   check(cairo_status(context));
@@ -157,15 +172,15 @@ void drawPage(const Picture& picture, cairo_t* context, const PageLayout& layout
 
 std::string pdf(const std::string& svg, const PdfOptions& options) {
   const Picture picture = pictureOf(svg);
-  const PageLayout layout = pageLayoutOf(sizeOf(picture), options.paper);
+  const PageLayout layout = pageLayoutOf(sizeOf(picture), options.paper, options.cuts);
   std::string bytes;
   const Surface surface(cairo_pdf_surface_create_for_stream(appendBytes, &bytes, layout.page.width,
                                                             layout.page.height));
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, options.title.c_str());
   const Context context(cairo_create(surface.get()));
-  for (int row = 0; row < layout.down; ++row) {
-    for (int column = 0; column < layout.across; ++column) {
-      drawPage(picture, context.get(), layout, options, column, row);
+  for (std::size_t row = 0; row < layout.rows.size(); ++row) {
+    for (std::size_t column = 0; column < layout.columns.size(); ++column) {
+      drawPage(picture, context.get(), {layout, column, row}, options);
     }
   }
   cairo_surface_finish(surface.get());

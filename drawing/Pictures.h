@@ -15,6 +15,8 @@
 
 #include <string>
 
+#include "drawing/SvgChart.h"
+
 namespace tavrel {
 
 enum class Paper {
@@ -26,6 +28,7 @@ enum class Paper {
 struct PdfOptions {
   Paper paper = Paper::fit;
   std::string title;  ///< of the document
+  SvgCuts cuts;       ///< where the picture may be cut
 };
 
 /// What the module can do. `svg` is what svgOf returned (drawing/SvgChart.h).
@@ -41,10 +44,11 @@ struct PictureMakers {
   /// readers show.
   ///
   /// On A4 and Letter, upright or sideways, whichever shows more, the picture is made smaller
-  /// to fit one page as long as its text stays 6.5 points high or more. Beyond that it is spread
-  /// over as few pages as show its text 9 points high, row by row. They fit edge to edge: cut
-  /// along the marks at the corners. Each page says where it belongs: "across 2 of 3, down 1 of
-  /// 4". A picture of more than 500 pages is too large.
+  /// to fit one page as long as its text stays 6.5 points high or more. Beyond that its text is
+  /// 9 points high and it is spread over as few pages as that takes, row by row, cut between
+  /// its columns and rows wherever one of them is not larger than a page. The pages fit edge
+  /// to edge: cut along the marks at the corners. Each page says where it belongs: "across 2 of
+  /// 3, down 1 of 4". A picture of more than 500 pages is too large.
   std::string (*pdf)(const std::string& svg, const PdfOptions& options);
 };
 

@@ -87,14 +87,29 @@ std::string spoken(const ScreenElement& box) {
   return text.empty() ? "(no text)" : text;
 }
 
+ElementGrid wholeChart(const Tavrel& navigator) {
+  return ElementGrid(navigator.elementsInBounds(navigator.currentFlowchartBounds()));
+}
+
+ChartGeometry svgGeometry(const ElementGrid& grid) {
+  return geometryOf(grid, svgReach, character, lineHeight);
+}
+
+std::vector<std::int64_t> cutsOf(const Axis& axis) {
+  std::vector<std::int64_t> cuts;
+  for (const Track& track : axis.tracks()) cuts.push_back(paperMargin + track.end);
+  if (!cuts.empty()) cuts.pop_back();
+  return cuts;
+}
+
 class Drawer {
  public:
   Drawer(const Tavrel& navigator, const SvgOptions& options)
       : navigator_(navigator),
         options_(options),
         colours_(coloursOf(options.theme)),
-        grid_(navigator.elementsInBounds(navigator.currentFlowchartBounds())),
-        geometry_(geometryOf(grid_, svgReach, character, lineHeight)) {}
+        grid_(wholeChart(navigator)),
+        geometry_(svgGeometry(grid_)) {}
 
   std::string draw() {
     pugi::xml_document document;
@@ -299,6 +314,11 @@ class Drawer {
 
 std::string svgOf(const Tavrel& navigator, const SvgOptions& options) {
   return Drawer(navigator, options).draw();
+}
+
+SvgCuts svgCutsOf(const Tavrel& navigator) {
+  const ChartGeometry geometry = svgGeometry(wholeChart(navigator));
+  return {cutsOf(geometry.columns), cutsOf(geometry.rows)};
 }
 
 }  // namespace tavrel

@@ -38,6 +38,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "drawing/Theme.h"
 #include "facade/Tavrel.h"
@@ -62,6 +63,16 @@ struct SvgOptions {
 /// Throws what `Tavrel::elementsInBounds` throws. Cost: a sort of the flowchart's
 /// elements; memory follows their number, not their coordinates.
 std::string svgOf(const Tavrel& navigator, const SvgOptions& options);
+
+/// Where the picture may be cut without cutting a box: between its columns, counted from its
+/// left edge, and between its rows, counted from its top. In its units, increasing.
+struct SvgCuts {
+  std::vector<std::int64_t> columns;
+  std::vector<std::int64_t> rows;
+};
+
+/// The cuts of the picture that svgOf makes. Throws and costs what that does.
+SvgCuts svgCutsOf(const Tavrel& navigator);
 
 }  // namespace tavrel
 

@@ -167,7 +167,8 @@ std::string draw(const Tavrel& navigator, Format format, const SvgOptions& optio
   const PictureMakers& make = pictureMakers();
   try {
     if (format == Format::png) return make.png(svg);
-    return make.pdf(svg, {paperNamed(arguments.page.value_or("fit")), options.title});
+    const Paper paper = paperNamed(arguments.page.value_or("fit"));
+    return make.pdf(svg, {paper, options.title, svgCutsOf(navigator)});
   } catch (const std::runtime_error& error) {
     throw Failure("cannot draw '" + arguments.chart + "': " + error.what());
   }

@@ -212,6 +212,20 @@ TEST_F(SvgChartTest, KeepsBoxesApartAndOnThePaper) {
   }
 }
 
+TEST_F(SvgChartTest, MayBeCutBetweenItsBoxes) {
+  select(question());
+  picture();
+  const SvgCuts cuts = svgCutsOf(navigator);
+  ASSERT_EQ(cuts.columns.size(), 1U);
+  ASSERT_EQ(cuts.rows.size(), 1U);
+  const auto right = [this](const char* id) {
+    return number(box(id).child("rect"), "x") + number(box(id).child("rect"), "width");
+  };
+  EXPECT_GE(cuts.columns[0] - 24, std::max(right("box-0-0"), right("box-0-1")));
+  EXPECT_LE(cuts.columns[0] - 24, number(box("box-1-0").child("rect"), "x"));
+  EXPECT_LE(cuts.rows[0] - 24, number(box("box-0-1").child("rect"), "y"));
+}
+
 TEST_F(SvgChartTest, RoundsTheBendsOfALine) {
   select(ChartFile().box(0, 0, "?", xPlus).line(1, 0, xPlus, yPlus).box(1, 1, "End"));
   picture();
