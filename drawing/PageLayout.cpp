@@ -25,58 +25,60 @@ PageSize pageOf(Paper paper) {
 
 PageSize sideways(const PageSize& page) { return {page.height, page.width}; }
 
-PageLayout onOwnPage(const PageSize& picture) {
-  const double scale = std::min(usualScale, longestSide / std::max(picture.width, picture.height));
-  const PageSize page{picture.width * scale, picture.height * scale};
-  return {page, 0, 0, scale, {{0, picture.width}}, {{0, picture.height}}};
+PageSize scaled(const PictureSize& picture, double scale) {
+  return {static_cast<double>(picture.width) * scale, static_cast<double>(picture.height) * scale};
 }
 
-double fittingScale(const PageSize& picture, const PageSize& page) {
-  return std::min({usualScale, (page.width - 2 * margin) / picture.width,
-                   (page.height - 2 * margin) / picture.height});
+PageLayout onOwnPage(const PictureSize& picture) {
+  const PageSize usual = scaled(picture, usualScale);
+  const double scale =
+      usualScale * std::min(1.0, longestSide / std::max(usual.width, usual.height));
+  return {scaled(picture, scale), 0, 0, scale, {{0, picture.width}}, {{0, picture.height}}};
 }
 
-PageLayout onOnePage(const PageSize& picture, const PageSize& page) {
+double fittingScale(const PictureSize& picture, const PageSize& page) {
+  const PageSize usual = scaled(picture, usualScale);
+  return usualScale * std::min({1.0, (page.width - 2 * margin) / usual.width,
+                                (page.height - 2 * margin) / usual.height});
+}
+
+PageLayout onOnePage(const PictureSize& picture, const PageSize& page) {
   const double scale = fittingScale(picture, page);
-  return {page,
-          (page.width - picture.width * scale) / 2,
-          (page.height - picture.height * scale) / 2,
-          scale,
-          {{0, picture.width}},
-          {{0, picture.height}}};
+  const PageSize area = scaled(picture, scale);
+  return {page,  (page.width - area.width) / 2, (page.height - area.height) / 2,
+          scale, {{0, picture.width}},          {{0, picture.height}}};
 }
 
 // Where the piece that begins at `start` ends: at the last cut in reach, or else as far as a
 // page reaches.
-double endOfSpan(double start, double room, double length, const std::vector<std::int64_t>& cuts) {
-  if (start + room >= length) return length;
-  const auto beyond =
-      std::upper_bound(cuts.begin(), cuts.end(), start + room,
-                       [](double end, std::int64_t cut) { return end < static_cast<double>(cut); });
-  if (beyond == cuts.begin()) return start + room;
-  const auto cut = static_cast<double>(*std::prev(beyond));
-  return cut > start ? cut : start + room;
+std::int64_t endOfSpan(std::int64_t start, std::int64_t room, std::int64_t length,
+                       const std::vector<std::int64_t>& cuts) {
+  if (length - start <= room) return length;
+  const auto beyond = std::upper_bound(cuts.begin(), cuts.end(), start + room);
+  if (beyond == cuts.begin() || *std::prev(beyond) <= start) return start + room;
+  return *std::prev(beyond);
 }
 
 // One more than the most pages is enough to know that they are too many.
-std::vector<PageSpan> spansOf(double length, double room, const std::vector<std::int64_t>& cuts) {
+std::vector<PageSpan> spansOf(std::int64_t length, double room,
+                              const std::vector<std::int64_t>& cuts) {
   std::vector<PageSpan> spans;
-  for (double start = 0; start < length && spans.size() <= mostPages;) {
-    const double end = endOfSpan(start, room, length, cuts);
+  for (std::int64_t start = 0; start < length && spans.size() <= mostPages;) {
+    const std::int64_t end = endOfSpan(start, static_cast<std::int64_t>(room), length, cuts);
     spans.push_back({start, end - start});
     start = end;
   }
   return spans;
 }
 
-PageLayout tiled(const PageSize& picture, const PageSize& page, const SvgCuts& cuts) {
+PageLayout tiled(const PictureSize& picture, const PageSize& page) {
   const double scale = tiledText / svg::fontSize;
   return {page,
           margin,
           margin,
           scale,
-          spansOf(picture.width, (page.width - 2 * margin) / scale, cuts.columns),
-          spansOf(picture.height, (page.height - 2 * margin) / scale, cuts.rows)};
+          spansOf(picture.width, (page.width - 2 * margin) / scale, picture.cuts.columns),
+          spansOf(picture.height, (page.height - 2 * margin) / scale, picture.cuts.rows)};
 }
 
 std::size_t pagesOf(const PageLayout& layout) { return layout.columns.size() * layout.rows.size(); }
@@ -90,14 +92,14 @@ PageLayout withFewerPages(const PageLayout& a, const PageLayout& b) {
 
 }  // namespace
 
-PageLayout pageLayoutOf(const PageSize& picture, Paper paper, const SvgCuts& cuts) {
+PageLayout pageLayoutOf(const PictureSize& picture, Paper paper) {
   if (paper == Paper::fit) return onOwnPage(picture);
   const PageSize upright = pageOf(paper);
   const PageSize turned = sideways(upright);
   const bool isBetterTurned = fittingScale(picture, turned) > fittingScale(picture, upright);
   const PageLayout one = onOnePage(picture, isBetterTurned ? turned : upright);
   if (one.scale * svg::fontSize >= smallestText) return one;
-  return withFewerPages(tiled(picture, upright, cuts), tiled(picture, turned, cuts));
+  return withFewerPages(tiled(picture, upright), tiled(picture, turned));
 }
 
 }  // namespace tavrel::drawing

@@ -3,13 +3,14 @@
 #ifndef TAVREL_DRAWING_PAGELAYOUT_H
 #define TAVREL_DRAWING_PAGELAYOUT_H
 
+#include <cstdint>
 #include <vector>
 
 #include "drawing/Pictures.h"
 
 namespace tavrel::drawing {
 
-/// A width and a height, in the picture's units or in points, as is said.
+/// A page's size, in points.
 struct PageSize {
   double width;
   double height;
@@ -17,8 +18,8 @@ struct PageSize {
 
 /// A piece of a picture's width or height, in its units.
 struct PageSpan {
-  double start;
-  double length;
+  std::int64_t start;
+  std::int64_t length;
 };
 
 /// One picture's pages, all of one size.
@@ -33,9 +34,16 @@ struct PageLayout {
   bool isTiled() const { return columns.size() * rows.size() > 1; }
 };
 
-/// The layout of a picture of that size, in its units. The rule is that of
-/// PictureMakers::pdf. Throws std::runtime_error for one of too many pages.
-PageLayout pageLayoutOf(const PageSize& picture, Paper paper, const SvgCuts& cuts);
+/// What there is to know of a picture, in its units.
+struct PictureSize {
+  std::int64_t width;
+  std::int64_t height;
+  SvgCuts cuts;
+};
+
+/// The layout of a picture. The rule is that of PictureMakers::pdf. Throws
+/// std::runtime_error for one of too many pages.
+PageLayout pageLayoutOf(const PictureSize& picture, Paper paper);
 
 }  // namespace tavrel::drawing
 

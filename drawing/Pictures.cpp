@@ -5,8 +5,8 @@
 #include <librsvg/rsvg.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -17,8 +17,8 @@ namespace tavrel::drawing {
 namespace {
 
 constexpr int pixelsForUnit = 2;
-constexpr double longestSide = 32767;  // that cairo draws
-constexpr double mostPixels = 64e6;
+constexpr std::int64_t longestSide = 32767;  // that cairo draws
+constexpr std::int64_t mostPixels = 64'000'000;
 
 template <auto release>
 struct Releaser {
@@ -56,13 +56,8 @@ Picture pictureOf(const std::string& svg) {
   return picture;
 }
 
-PageSize sizeOf(const Picture& picture) {
-  PageSize size{};
-  rsvg_handle_get_intrinsic_size_in_pixels(picture.get(), &size.width, &size.height);
-  return size;
-}
-
-void render(const Picture& picture, cairo_t* context, const RsvgRectangle& area) {
+void render(const std::string& svg, cairo_t* context, const RsvgRectangle& area) {
+  const Picture picture = pictureOf(svg);
   GError* error = nullptr;
   if (!rsvg_handle_render_document(picture.get(), context, &area, &error)) fail(error);
 }
@@ -74,20 +69,23 @@ cairo_status_t appendBytes(void* out, const unsigned char* bytes, unsigned int c
   return CAIRO_STATUS_NO_MEMORY;
 }
 
-std::string png(const std::string& svg) {
-  const Picture picture = pictureOf(svg);
-  const PageSize size = sizeOf(picture);
-  const PageSize pixels{size.width * pixelsForUnit, size.height * pixelsForUnit};
-  if (std::max(pixels.width, pixels.height) > longestSide ||
-      pixels.width * pixels.height > mostPixels) {
-    throw std::runtime_error("it would be " + std::to_string(std::llround(pixels.width)) + " by " +
-                             std::to_string(std::llround(pixels.height)) +
-                             " pixels, which is too large for PNG; draw an SVG or a PDF");
-  }
-  const Surface surface(cairo_image_surface_create(
-      CAIRO_FORMAT_RGB24, static_cast<int>(pixels.width), static_cast<int>(pixels.height)));
+void checkSize(std::int64_t width, std::int64_t height) {
+  const bool isTooLong = std::max(width, height) > longestSide;
+  if (!isTooLong && width * height <= mostPixels) return;
+  throw std::runtime_error("it would be " + std::to_string(width) + " by " +
+                           std::to_string(height) +
+                           " pixels, which is too large for PNG; draw an SVG or a PDF");
+}
+
+std::string png(const SvgChart& chart) {
+  const std::int64_t width = chart.width() * pixelsForUnit;
+  const std::int64_t height = chart.height() * pixelsForUnit;
+  checkSize(width, height);
+  const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width),
+                                                   static_cast<int>(height)));
   const Context context(cairo_create(surface.get()));
-  render(picture, context.get(), {0, 0, pixels.width, pixels.height});
+  const RsvgRectangle all{0, 0, static_cast<double>(width), static_cast<double>(height)};
+  render(chart.svg(), context.get(), all);
   check(cairo_status(context.get()));
   std::string bytes;
   check(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &bytes));
@@ -102,22 +100,21 @@ struct Tile {
 
   PageSpan across() const { return layout.columns[column]; }
   PageSpan down() const { return layout.rows[row]; }
-  double right() const { return layout.left + across().length * layout.scale; }
-  double bottom() const { return layout.top + down().length * layout.scale; }
+  double width() const { return static_cast<double>(across().length) * layout.scale; }
+  double height() const { return static_cast<double>(down().length) * layout.scale; }
+  double right() const { return layout.left + width(); }
+  double bottom() const { return layout.top + height(); }
 };
 
 // The part of the picture that belongs on the page, and no more of it.
-void renderTile(const Picture& picture, cairo_t* context, const Tile& tile) {
+void renderTile(const SvgChart& chart, cairo_t* context, const Tile& tile) {
+  const SvgArea area{tile.across().start, tile.down().start, tile.across().length,
+                     tile.down().length};
   const PageLayout& layout = tile.layout;
-  const PageSize size = sizeOf(picture);
   cairo_save(context);
-  cairo_rectangle(context, layout.left, layout.top, tile.right() - layout.left,
-                  tile.bottom() - layout.top);
+  cairo_rectangle(context, layout.left, layout.top, tile.width(), tile.height());
   cairo_clip(context);
-  render(picture, context,
-         {layout.left - tile.across().start * layout.scale,
-          layout.top - tile.down().start * layout.scale, size.width * layout.scale,
-          size.height * layout.scale});
+  render(chart.svg(area), context, {layout.left, layout.top, tile.width(), tile.height()});
   cairo_restore(context);
 }
 
@@ -157,9 +154,9 @@ void drawCaption(cairo_t* context, const PageLayout& layout, const std::string& 
   cairo_show_text(context, caption.c_str());
 }
 
-void drawPage(const Picture& picture, cairo_t* context, const Tile& tile,
+void drawPage(const SvgChart& chart, cairo_t* context, const Tile& tile,
               const PdfOptions& options) {
-  renderTile(picture, context, tile);
+  renderTile(chart, context, tile);
   if (tile.layout.isTiled()) {
     drawCropMarks(context, tile);
     drawCaption(context, tile.layout, options.title + ": " + placeOf(tile));
@@ -170,9 +167,9 @@ void drawPage(const Picture& picture, cairo_t* context, const Tile& tile,
   check(cairo_status(context));
 }
 
-std::string pdf(const std::string& svg, const PdfOptions& options) {
-  const Picture picture = pictureOf(svg);
-  const PageLayout layout = pageLayoutOf(sizeOf(picture), options.paper, options.cuts);
+std::string pdf(const SvgChart& chart, const PdfOptions& options) {
+  const PageLayout layout =
+      pageLayoutOf({chart.width(), chart.height(), chart.cuts()}, options.paper);
   std::string bytes;
   const Surface surface(cairo_pdf_surface_create_for_stream(appendBytes, &bytes, layout.page.width,
                                                             layout.page.height));
@@ -180,7 +177,7 @@ std::string pdf(const std::string& svg, const PdfOptions& options) {
   const Context context(cairo_create(surface.get()));
   for (std::size_t row = 0; row < layout.rows.size(); ++row) {
     for (std::size_t column = 0; column < layout.columns.size(); ++column) {
-      drawPage(picture, context.get(), {layout, column, row}, options);
+      drawPage(chart, context.get(), {layout, column, row}, options);
     }
   }
   cairo_surface_finish(surface.get());

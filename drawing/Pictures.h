@@ -1,11 +1,11 @@
-// PNG pictures and PDF pages of a picture in SVG.
+// PNG pictures and PDF pages of a flowchart, by way of its picture in SVG.
 //
 // librsvg and cairo, which make them, bring dozens of libraries along. They are in
 // a module of its own, which a program loads when somebody asks for such a picture:
 //
 //     void* const module = dlopen("tavrel_pictures.so", RTLD_NOW | RTLD_LOCAL);
 //     const auto* makers = static_cast<const PictureMakers*>(dlsym(module, pictureMakersName));
-//     const std::string bytes = makers->png(svg);
+//     const std::string bytes = makers->png(chart);
 //
 // The program and the module are of one build. All functions throw
 // std::runtime_error with a clause that says why the picture can't be made.
@@ -25,17 +25,17 @@ enum class Paper {
   letter  ///< 8.5 by 11 inches
 };
 
+/// A picture to be put on pages.
 struct PdfOptions {
   Paper paper = Paper::fit;
   std::string title;  ///< of the document
-  SvgCuts cuts;       ///< where the picture may be cut
 };
 
-/// What the module can do. `svg` is what svgOf returned (drawing/SvgChart.h).
+/// What the module can do.
 struct PictureMakers {
   /// A PNG of two pixels for each of the picture's units. A picture of more than 32,767 pixels
   /// across or down, or of more than 64 million in all, is too large.
-  std::string (*png)(const std::string& svg);
+  std::string (*png)(const SvgChart& chart);
 
   /// A PDF whose text is text and whose links are links.
   ///
@@ -49,7 +49,7 @@ struct PictureMakers {
   /// its columns and rows wherever one of them is not larger than a page. The pages fit edge
   /// to edge: cut along the marks at the corners. Each page says where it belongs: "across 2 of
   /// 3, down 1 of 4". A picture of more than 500 pages is too large.
-  std::string (*pdf)(const std::string& svg, const PdfOptions& options);
+  std::string (*pdf)(const SvgChart& chart, const PdfOptions& options);
 };
 
 /// The symbol that a module has.

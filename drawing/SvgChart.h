@@ -2,9 +2,8 @@
 //
 //     Tavrel navigator("charts");
 //     navigator.startNewPathForFlowchartAtIndexYesNoString(0, "ny");
-//     SvgOptions options;
-//     options.title = "Deciding on an Opening Bid";
-//     puts(svgOf(navigator, options).c_str());
+//     const SvgChart chart(navigator, {"Deciding on an Opening Bid"});
+//     puts(chart.svg().c_str());
 //
 // Larger x is further right, larger y further down. Columns and rows keep the
 // order and at least the distances of the layout offsets. Boxes stand in frames,
@@ -36,6 +35,7 @@
 #define TAVREL_DRAWING_SVGCHART_H
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,6 +44,10 @@
 #include "facade/Tavrel.h"
 
 namespace tavrel {
+
+namespace drawing {
+struct SvgScene;
+}
 
 /// A cell of the grid.
 struct GridPlace {
@@ -58,21 +62,52 @@ struct SvgOptions {
   std::string linkExtension = ".svg";  ///< a link to RespNT leads to the file RespNT.svg
 };
 
-/// The picture of the navigator's current flowchart, path marks as they are at this
-/// moment, ending in a line feed. The same chart always gives the same bytes.
-/// Throws what `Tavrel::elementsInBounds` throws. Cost: a sort of the flowchart's
-/// elements; memory follows their number, not their coordinates.
-std::string svgOf(const Tavrel& navigator, const SvgOptions& options);
+/// A part of a picture, in its units. (0, 0) is the picture's top left.
+struct SvgArea {
+  std::int64_t left;
+  std::int64_t top;
+  std::int64_t width;
+  std::int64_t height;
+};
 
-/// Where the picture may be cut without cutting a box: between its columns, counted from its
-/// left edge, and between its rows, counted from its top. In its units, increasing.
+/// Where a picture may be cut without cutting a box: between its columns, counted from its left
+/// edge, and between its rows, counted from its top. In its units, increasing.
 struct SvgCuts {
   std::vector<std::int64_t> columns;
   std::vector<std::int64_t> rows;
 };
 
-/// The cuts of the picture that svgOf makes. Throws and costs what that does.
-SvgCuts svgCutsOf(const Tavrel& navigator);
+/// The picture of one flowchart. Measured once, it can write any part of itself, as often as
+/// wanted. Keeps nothing of the navigator. Never changes; any number of threads may use it at
+/// once. One that has been moved from may only be destroyed or assigned to.
+class SvgChart {
+ public:
+  /// Measures the navigator's current flowchart, path marks as they are at this moment. Throws
+  /// what `Tavrel::elementsInBounds` throws. Cost: a sort of the flowchart's elements; memory
+  /// follows their number, not their coordinates.
+  SvgChart(const Tavrel& navigator, const SvgOptions& options);
+
+  ~SvgChart();
+  SvgChart(SvgChart&& other) noexcept;
+  SvgChart& operator=(SvgChart&& other) noexcept;
+  SvgChart(const SvgChart&) = delete;
+  SvgChart& operator=(const SvgChart&) = delete;
+
+  /// The picture's size, the paper's margins included.
+  std::int64_t width() const;
+  std::int64_t height() const;
+
+  SvgCuts cuts() const;
+
+  /// The whole, ending in a line feed. The same chart always gives the same bytes.
+  std::string svg() const { return svg({0, 0, width(), height()}); }
+
+  /// A picture of the area alone. Boxes and lines that reach into it are in it, others aren't.
+  std::string svg(const SvgArea& area) const;
+
+ private:
+  std::unique_ptr<const drawing::SvgScene> scene_;
+};
 
 }  // namespace tavrel
 

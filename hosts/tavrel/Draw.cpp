@@ -162,13 +162,12 @@ std::string draw(const Tavrel& navigator, Format format, const SvgOptions& optio
   if (format == Format::txt) {
     return textOf(navigator, goesToStandardOutput(arguments) ? localeCharset() : Charset::utf8);
   }
-  const std::string svg = svgOf(navigator, options);
-  if (format == Format::svg) return svg;
+  const SvgChart chart(navigator, options);
+  if (format == Format::svg) return chart.svg();
   const PictureMakers& make = pictureMakers();
   try {
-    if (format == Format::png) return make.png(svg);
-    const Paper paper = paperNamed(arguments.page.value_or("fit"));
-    return make.pdf(svg, {paper, options.title, svgCutsOf(navigator)});
+    if (format == Format::png) return make.png(chart);
+    return make.pdf(chart, {paperNamed(arguments.page.value_or("fit")), options.title});
   } catch (const std::runtime_error& error) {
     throw Failure("cannot draw '" + arguments.chart + "': " + error.what());
   }

@@ -20,7 +20,7 @@ class SvgChartTest : public DrawingTest {
  protected:
   /// The picture of the chart that was selected, read as XML.
   pugi::xml_node picture(const SvgOptions& options = {}) {
-    bytes = svgOf(navigator, options);
+    bytes = SvgChart(navigator, options).svg();
     const pugi::xml_parse_result result =
         document.load_string(bytes.c_str(), pugi::parse_full | pugi::parse_ws_pcdata);
     EXPECT_TRUE(result) << result.description();
@@ -215,7 +215,7 @@ TEST_F(SvgChartTest, KeepsBoxesApartAndOnThePaper) {
 TEST_F(SvgChartTest, MayBeCutBetweenItsBoxes) {
   select(question());
   picture();
-  const SvgCuts cuts = svgCutsOf(navigator);
+  const SvgCuts cuts = SvgChart(navigator, {}).cuts();
   ASSERT_EQ(cuts.columns.size(), 1U);
   ASSERT_EQ(cuts.rows.size(), 1U);
   const auto right = [this](const char* id) {
@@ -224,6 +224,16 @@ TEST_F(SvgChartTest, MayBeCutBetweenItsBoxes) {
   EXPECT_GE(cuts.columns[0] - 24, std::max(right("box-0-0"), right("box-0-1")));
   EXPECT_LE(cuts.columns[0] - 24, number(box("box-1-0").child("rect"), "x"));
   EXPECT_LE(cuts.rows[0] - 24, number(box("box-0-1").child("rect"), "y"));
+}
+
+TEST_F(SvgChartTest, WritesAPartWithTheBoxesThatReachIntoIt) {
+  select(question());
+  const SvgChart chart(navigator, {});
+  const std::int64_t cut = chart.cuts().columns[0];
+  document.load_string(chart.svg({cut + 1, 0, chart.width() - cut - 1, chart.height()}).c_str());
+  EXPECT_EQ(titles(), (Titles{"Open."}));
+  const std::string corner = std::to_string(cut + 1 - 24) + " -24 ";
+  EXPECT_EQ(std::string(document.child("svg").attribute("viewBox").value()).find(corner), 0U);
 }
 
 TEST_F(SvgChartTest, RoundsTheBendsOfALine) {
