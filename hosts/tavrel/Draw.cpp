@@ -30,7 +30,9 @@ enum class Format { svg, pdf, png, txt };
 // In the order of their numbers.
 constexpr std::string_view formatNames[] = {"svg", "pdf", "png", "txt"};
 
-constexpr std::int64_t mostCharacters = 64'000'000;  // of a drawing with characters
+// Of a drawing with characters.
+constexpr std::int64_t mostCharacters = 64'000'000;
+constexpr std::int64_t longestLine = 1'000'000;
 
 std::string_view nameOf(Format format) { return formatNames[static_cast<std::size_t>(format)]; }
 
@@ -128,7 +130,7 @@ std::string textOf(const Tavrel& navigator, Charset charset) {
   const TextChart chart(navigator, charset);
   const std::int64_t width = chart.width();
   const std::int64_t height = chart.height();
-  if (height > 0 && width > mostCharacters / height) {
+  if (width > longestLine || (height > 0 && width > mostCharacters / height)) {
     throw Failure("the drawing would be " + std::to_string(width) + " characters wide and " +
                   std::to_string(height) + " lines high, which is too large for text; draw an SVG");
   }
