@@ -91,8 +91,8 @@ class SvgWriter {
   bool isInside(const ScreenElement& element) const {
     const Track& column = *scene_.geometry.columns.find(element.x());
     const Track& row = *scene_.geometry.rows.find(element.y());
-    return column.end >= area_.left && column.start <= area_.left + area_.width &&
-           row.end >= area_.top && row.start <= area_.top + area_.height;
+    return column.end > area_.left && column.start < area_.left + area_.width &&
+           row.end > area_.top && row.start < area_.top + area_.height;
   }
 
   void writeRoot(xml_node root) const {

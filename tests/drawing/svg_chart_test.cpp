@@ -229,11 +229,19 @@ TEST_F(SvgChartTest, MayBeCutBetweenItsBoxes) {
 TEST_F(SvgChartTest, WritesAPartWithTheBoxesThatReachIntoIt) {
   select(question());
   const SvgChart chart(navigator, {});
-  const std::int64_t cut = chart.cuts().columns[0];
-  document.load_string(chart.svg({cut + 1, 0, chart.width() - cut - 1, chart.height()}).c_str());
-  EXPECT_EQ(titles(), (Titles{"Open."}));
-  const std::string corner = std::to_string(cut + 1 - 24) + " -24 ";
+  const auto [columns, rows] = chart.cuts();
+  const auto titlesIn = [this, &chart](const SvgArea& area) {
+    document.load_string(chart.svg(area).c_str());
+    return titles();
+  };
+  EXPECT_EQ(titlesIn({columns[0], 0, chart.width() - columns[0], chart.height()}),
+            (Titles{"Open."}));
+  const std::string corner = std::to_string(columns[0] - 24) + " -24 ";
   EXPECT_EQ(std::string(document.child("svg").attribute("viewBox").value()).find(corner), 0U);
+  EXPECT_EQ(titlesIn({0, rows[0], chart.width(), 100}), (Titles{"Pass."}));
+  EXPECT_EQ(titlesIn({0, 0, chart.width(), rows[0]}),
+            (Titles{"12+? Yes: Open. No: Pass. On the path.", "Open."}));
+  EXPECT_EQ(titlesIn({columns[0] - 1, 30, 1, 1}).size(), 1U);
 }
 
 TEST_F(SvgChartTest, RoundsTheBendsOfALine) {

@@ -175,24 +175,49 @@ TEST_F(PictureTest, HasTextAndLinksOnAPage) {
   EXPECT_NE(read("chart.pdf").find("/URI (RespNT.pdf)"), std::string::npos);
 }
 
-TEST_F(PictureTest, FitsThePaperOrIsSpreadOverPagesThatSayWhereTheyBelong) {
+TEST_F(PictureTest, FitsThePaper) {
   ASSERT_EQ(draw(loops + " --page A4 -o one.pdf", here.path()), "exit 0");
-  poppler("pdfinfo one.pdf >one.txt");
+  poppler("pdfinfo one.pdf >one.txt; pdftotext one.pdf words.txt");
   EXPECT_NE(read("one.txt").find("Pages:           1\n"), std::string::npos) << read("one.txt");
   EXPECT_NE(read("one.txt").find("(A4)"), std::string::npos);
-  std::string chart = "chart: Jacoby\nintro: x\nstart: b0\nboxes:\n";
-  for (int i = 0; i < 40; ++i) {
-    chart +=
-        "  b" + std::to_string(i) + ":\n    text: Question " + std::to_string(i) +
-        "?\n    yes: {text: \"Yes\"}\n    no: " + (i < 39 ? "b" + std::to_string(i + 1) : "end") +
-        "\n";
+  EXPECT_NE(read("words.txt").find("loops\n"), std::string::npos);
+  EXPECT_EQ(read("words.txt").find("across"), std::string::npos);
+}
+
+constexpr int questions = 40;
+
+// Questions in a column, each with an answer at its right that leads into another chart.
+std::string longSource() {
+  std::string source = "chart: Jacoby\nintro: x\nstart: b0\nboxes:\n";
+  for (int i = 0; i < questions; ++i) {
+    const std::string next = i + 1 < questions ? "b" + std::to_string(i + 1) : "end";
+    source += "  b" + std::to_string(i) + ":\n    text: Question " + std::to_string(i) +
+              "?\n    yes: {text: \"1NT\", chart: \"RespNT\"}\n    no: " + next + "\n";
   }
-  writeFile(here.path() / "long.yaml", chart + "  end:\n    text: End\n");
+  return source + "  end:\n    text: End\n";
+}
+
+std::size_t count(const std::string& text, const std::string& what) {
+  std::size_t found = 0;
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) {
+    ++found;
+  }
+  return found;
+}
+
+TEST_F(PictureTest, IsSpreadOverPagesThatSayWhereTheyBelong) {
+  writeFile(here.path() / "long.yaml", longSource());
   ASSERT_EQ(draw(" long.yaml --page Letter -o many.pdf", here.path()), "exit 0");
   poppler("pdfinfo many.pdf >many.txt; pdftotext many.pdf words.txt");
   EXPECT_NE(read("many.txt").find("(letter)"), std::string::npos) << read("many.txt");
-  EXPECT_NE(read("words.txt").find("Jacoby"), std::string::npos);
-  EXPECT_NE(read("words.txt").find("across 1 of 1, down 2 of "), std::string::npos);
+  const std::string words = read("words.txt");
+  for (int i = 0; i < questions; ++i) {
+    EXPECT_EQ(count(words, "Question " + std::to_string(i) + "?"), 1U) << i;
+  }
+  EXPECT_EQ(count(read("many.pdf"), "/URI (RespNT.pdf)"), std::size_t{questions});
+  const std::string second = words.substr(words.find('\f'));  // a form feed ends a page
+  EXPECT_NE(second.find("across 1 of 1, down 2 of "), std::string::npos);
+  EXPECT_EQ(count(words, "across"), count(words, "\f"));
 }
 
 }  // namespace
