@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -130,6 +131,16 @@ Squares squaresOf(const fs::path& png) {
   return squares;
 }
 
+// The squares at the upper left.
+Squares cropped(const Squares& all, int width, int height) {
+  Squares part{width, height, {}};
+  for (int y = 0; y < height; ++y) {
+    const auto row = all.brightness.begin() + static_cast<std::ptrdiff_t>(y) * all.width;
+    part.brightness.insert(part.brightness.end(), row, row + width);
+  }
+  return part;
+}
+
 // The largest difference of two squares, of 255.
 int difference(const Squares& a, const Squares& b) {
   int largest = 0;
@@ -141,8 +152,8 @@ int difference(const Squares& a, const Squares& b) {
 
 class PictureTest : public testing::Test {
  protected:
-  /// Runs a program of poppler's in the test's directory.
-  void poppler(const std::string& command) {
+  /// Runs a program in the test's directory.
+  void run(const std::string& command) {
     const std::string line = "cd '" + here.path().string() + "' && " + command;
     ASSERT_EQ(std::system(line.c_str()), 0) << command;
   }
@@ -154,11 +165,13 @@ class PictureTest : public testing::Test {
 };
 
 constexpr int tolerance = 32;  // of 255
+// Browsers hint letters and lines below words in other ways.
+constexpr int browserTolerance = 64;
 
 TEST_F(PictureTest, IsTheSameAsPngAndAsAPage) {
   ASSERT_EQ(draw(loops + " --answers yn -o chart.png", here.path()), "exit 0");
   ASSERT_EQ(draw(loops + " --answers yn -o chart.pdf", here.path()), "exit 0");
-  poppler("pdftocairo -png -singlefile -r 192 chart.pdf page");  // two pixels for each unit
+  run("pdftocairo -png -singlefile -r 192 chart.pdf page");  // two pixels for each unit
   const Squares picture = squaresOf(here.path() / "chart.png");
   const Squares page = squaresOf(here.path() / "page.png");
   EXPECT_EQ(page.width, picture.width);
@@ -168,16 +181,36 @@ TEST_F(PictureTest, IsTheSameAsPngAndAsAPage) {
   EXPECT_GT(difference(squaresOf(here.path() / "chart.png"), page), tolerance);
 }
 
+// A browser to compare with is a large thing to install: TAVREL_CHROMIUM names the program.
+TEST_F(PictureTest, IsTheSameInChromium) {
+  const char* const chromium = std::getenv("TAVREL_CHROMIUM");
+  if (chromium == nullptr) GTEST_SKIP() << "TAVREL_CHROMIUM names no program";
+  for (const std::string theme : {"light", "dark", "print"}) {
+    const std::string words = loops + " --answers yn --theme " + theme;
+    ASSERT_EQ(draw(words + " -o chart.png", here.path()), "exit 0");
+    ASSERT_EQ(draw(words + " -o chart.svg", here.path()), "exit 0");
+    const Squares picture = squaresOf(here.path() / "chart.png");
+    run(std::string(chromium) +
+        " --headless --no-sandbox --disable-gpu --hide-scrollbars"
+        " --force-device-scale-factor=2 --window-size=" +
+        std::to_string(picture.width * 4 + 8) + "," + std::to_string(picture.height * 4 + 8) +
+        " --screenshot=browser.png chart.svg 2>log");
+    const Squares browser = squaresOf(here.path() / "browser.png");
+    EXPECT_LE(difference(picture, cropped(browser, picture.width, picture.height)),
+              browserTolerance);
+  }
+}
+
 TEST_F(PictureTest, HasTextAndLinksOnAPage) {
   ASSERT_EQ(draw(loops + " -o chart.pdf", here.path()), "exit 0");
-  poppler("pdftotext chart.pdf chart.txt");
+  run("pdftotext chart.pdf chart.txt");
   EXPECT_NE(read("chart.txt").find("or ♠ longer than ♥?"), std::string::npos) << read("chart.txt");
   EXPECT_NE(read("chart.pdf").find("/URI (RespNT.pdf)"), std::string::npos);
 }
 
 TEST_F(PictureTest, FitsThePaper) {
   ASSERT_EQ(draw(loops + " --page A4 -o one.pdf", here.path()), "exit 0");
-  poppler("pdfinfo one.pdf >one.txt; pdftotext one.pdf words.txt");
+  run("pdfinfo one.pdf >one.txt; pdftotext one.pdf words.txt");
   EXPECT_NE(read("one.txt").find("Pages:           1\n"), std::string::npos) << read("one.txt");
   EXPECT_NE(read("one.txt").find("(A4)"), std::string::npos);
   EXPECT_NE(read("words.txt").find("loops\n"), std::string::npos);
@@ -208,7 +241,7 @@ std::size_t count(const std::string& text, const std::string& what) {
 TEST_F(PictureTest, IsSpreadOverPagesThatSayWhereTheyBelong) {
   writeFile(here.path() / "long.yaml", longSource());
   ASSERT_EQ(draw(" long.yaml --page Letter -o many.pdf", here.path()), "exit 0");
-  poppler("pdfinfo many.pdf >many.txt; pdftotext many.pdf words.txt");
+  run("pdfinfo many.pdf >many.txt; pdftotext many.pdf words.txt");
   EXPECT_NE(read("many.txt").find("(letter)"), std::string::npos) << read("many.txt");
   const std::string words = read("words.txt");
   for (int i = 0; i < questions; ++i) {
