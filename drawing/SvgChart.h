@@ -25,7 +25,7 @@
 //     is on the path or the place: "12+? Yes: Open. No: Pass. On the path.";
 //   - boxes come in reading order: from the root along the exits, what yes leads
 //     to before what no leads to, each box once;
-//   - lines, labels and frames are hidden from it.
+//   - all that is seen is hidden from it: the titles say it.
 //
 // There are no scripts and no styles that could reach what stands around the
 // picture. Text that is not fit to be shown is made so (see printable in

@@ -104,16 +104,13 @@ class SvgWriter {
             std::to_string(area_.width) + " " + std::to_string(area_.height));
     set(root, "role", "graphics-document document");
     set(root, "aria-roledescription", "flowchart");
-    set(root, "aria-labelledby", "chart-title");
     set(root, "font-family", fonts);
     set(root, "font-size", fontSize);
     set(root, "text-anchor", "middle");
     set(root, "style", "font-variant-emoji:text");  // or some systems draw hearts as pictures
     set(root, "xml:space", "preserve");
     root.append_child(pugi::node_pcdata).set_value("\n");
-    const xml_node title = append(root, "title");
-    set(title, "id", "chart-title");
-    appendCharacters(title, scene_.title);
+    appendCharacters(append(root, "title"), scene_.title);
     set(appendRectangle(root, area_, 0), "fill", colours_.paper);
   }
 
@@ -161,17 +158,17 @@ class SvgWriter {
     const xml_node group = append(linked(root, box), "g");
     set(group, "id", id);
     set(group, "role", "img");
-    set(group, "aria-labelledby", id + "-title");
     if (box.isPlace) set(group, "aria-current", "location");
     appendCharacters(group, "\n");
-    const xml_node title = append(group, "title");
-    set(title, "id", id + "-title");
-    appendCharacters(title, box.title);
+    appendCharacters(append(group, "title"), box.title);
+    const xml_node seen = append(group, "g");
+    set(seen, "aria-hidden", "true");  // the title has said it
+    appendCharacters(seen, "\n");
     const std::int64_t left =
         scene_.geometry.columns.find(element.x())->centre - measured.width / 2;
     const std::int64_t top = scene_.geometry.rows.find(element.y())->centre - measured.height / 2;
-    writeFrame(group, {left, top, measured.width, measured.height}, measured, box);
-    writeText(group, measured, left + measured.width / 2, top + rowPadding);
+    writeFrame(seen, {left, top, measured.width, measured.height}, measured, box);
+    writeText(seen, measured, left + measured.width / 2, top + rowPadding);
   }
 
   static xml_node linked(xml_node root, const WrittenBox& box) {
