@@ -1,7 +1,8 @@
 #include "hosts/tavrel/TemporaryFolder.h"
 
+#include <stdlib.h>
+
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <system_error>
@@ -10,20 +11,22 @@
 
 namespace tavrel {
 
+namespace fs = std::filesystem;
+
 TemporaryFolder::TemporaryFolder() {
   std::error_code failed;
-  std::string name = (std::filesystem::temp_directory_path(failed) / "tavrel-walk-XXXXXX").string();
-  if (failed || mkdtemp(name.data()) == nullptr) {
-    throw Failure("cannot make a temporary folder: " +
-                  (failed ? failed.message() : std::string(std::strerror(errno))) +
-                  "; TMPDIR names the place for it");
+  const fs::path parent = fs::temp_directory_path(failed);
+  std::string name = ((failed ? fs::path("/tmp") : parent) / "tavrel-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) {
+    throw Failure("cannot make a folder '" + name + "': " + std::strerror(errno) +
+                  "; name a place for such folders in TMPDIR");
   }
   path_ = name;
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  fs::remove_all(path_, ignored);
 }
 
 }  // namespace tavrel

@@ -1,4 +1,4 @@
-// A folder that lasts as long as the program needs it.
+// A folder for as long as it is needed.
 
 #ifndef TAVREL_HOSTS_TAVREL_TEMPORARYFOLDER_H
 #define TAVREL_HOSTS_TAVREL_TEMPORARYFOLDER_H
@@ -7,7 +7,8 @@
 
 namespace tavrel {
 
-/// A new folder where the system keeps such, removed with all it holds at the object's end.
+/// A new folder of the program's own below TMPDIR, or the system's place for such;
+/// removed in the end with all that is in it.
 class TemporaryFolder {
  public:
   /// Throws Failure when it can't be made.

@@ -15,6 +15,7 @@
 #include "hosts/tavrel/Check.h"
 #include "hosts/tavrel/Commands.h"
 #include "hosts/tavrel/Compile.h"
+#include "hosts/tavrel/Draw.h"
 #include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Library.h"
@@ -29,6 +30,7 @@ struct Invocation {
   Arguments arguments;
   CompileArguments compile;
   CheckArguments check;
+  DrawArguments draw;
   int status = 0;
 };
 
@@ -74,6 +76,35 @@ void defineCheck(CLI::App& app, Invocation& invocation) {
   check->add_flag("--strict", arguments.isStrict, "Let warnings count for the exit status");
 }
 
+void defineDraw(CLI::App& app, Invocation& invocation) {
+  DrawArguments& arguments = invocation.draw;
+  CLI::App* draw = addCommand(app, "draw", "Draw a flowchart into a file", [&invocation] {
+    invocation.status = drawChart(invocation.draw, invocation.arguments.charts);
+  });
+  draw->add_option("NAME|FILE", arguments.chart,
+                   "A flowchart's name or title, a source (.yaml), or a flowchart file (.fv)")
+      ->required();
+  draw->add_option("-o,--output", arguments.output,
+                   "The file to write; without it, or with -, standard output")
+      ->type_name("FILE");
+  draw->add_option("--format", arguments.format,
+                   "svg, pdf, png or txt; without it, what the file's name ends in, or svg")
+      ->check(CLI::IsMember({"svg", "pdf", "png", "txt"}))
+      ->type_name("FORMAT");
+  draw->add_option("--answers", arguments.answers,
+                   "Answers (y and n) whose path is lit, and the box they lead to")
+      ->type_name("yyn...");
+  draw->add_option("--at", arguments.at, "The column and row of the box to be lit as the place")
+      ->type_name("X,Y");
+  draw->add_option("--theme", arguments.theme, "light, dark, print (black on white) or two-colour")
+      ->check(CLI::IsMember({"light", "dark", "print", "two-colour"}))
+      ->type_name("THEME");
+  draw->add_option("--page", arguments.page,
+                   "The paper of a PDF: A4, Letter, or fit for a page of the drawing's size")
+      ->check(CLI::IsMember({"A4", "Letter", "fit"}))
+      ->type_name("PAGE");
+}
+
 void defineWalk(CLI::App& app, Invocation& invocation) {
   Arguments& arguments = invocation.arguments;
   CLI::App* walk = addCommand(app, "walk", "Walk a flowchart, box by box", [&invocation] {
@@ -114,13 +145,14 @@ void define(CLI::App& app, Invocation& invocation) {
   defineWalk(app, invocation);
   defineCompile(app, invocation);
   defineCheck(app, invocation);
+  defineDraw(app, invocation);
 }
 
 void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
   throw Failure(
-      "list, intro, walk, compile or check must stand here; 'tavrel --help' shows the usage");
+      "list, intro, walk, compile, check or draw must stand here; 'tavrel --help' shows the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {

@@ -17,7 +17,8 @@ SUITE_FOLDERS = ("unit", "conversations", "reference", "failures")
 # What every build of the tests wants, but for its compiler.
 PACKAGES = ("cmake", "ninja-build", "pkg-config", "libcli11-dev", "libgtest-dev",
             "libncurses-dev", "libutf8proc-dev", "libvterm-dev", "libyaml-cpp-dev",
-            "nlohmann-json3-dev")
+            "nlohmann-json3-dev", "libpugixml-dev", "libcairo2-dev", "librsvg2-dev",
+            "fonts-dejavu-core", "poppler-utils")
 
 
 class CannotWork(Exception):

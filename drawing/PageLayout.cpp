@@ -1,0 +1,105 @@
+#include "drawing/PageLayout.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+#include "drawing/SvgBox.h"
+
+namespace tavrel::drawing {
+namespace {
+
+constexpr double usualScale = 0.75;    // a screen's pixel on paper
+constexpr double longestSide = 14400;  // that readers of PDF show
+constexpr double margin = 36;          // printers need about half; marks and words stand in it
+constexpr double smallestText = 6.5;
+constexpr double tiledText = 9;
+constexpr std::size_t mostPages = 500;
+
+PageSize pageOf(Paper paper) {
+  return paper == Paper::a4 ? PageSize{595.28, 841.89} : PageSize{612, 792};
+}
+
+PageSize sideways(const PageSize& page) { return {page.height, page.width}; }
+
+PageSize scaled(const PictureSize& picture, double scale) {
+  return {static_cast<double>(picture.width) * scale, static_cast<double>(picture.height) * scale};
+}
+
+PageLayout onOwnPage(const PictureSize& picture) {
+  const PageSize usual = scaled(picture, usualScale);
+  const double scale =
+      usualScale * std::min(1.0, longestSide / std::max(usual.width, usual.height));
+  return {scaled(picture, scale), 0, 0, scale, {{0, picture.width}}, {{0, picture.height}}};
+}
+
+double fittingScale(const PictureSize& picture, const PageSize& page) {
+  const PageSize usual = scaled(picture, usualScale);
+  return usualScale * std::min({1.0, (page.width - 2 * margin) / usual.width,
+                                (page.height - 2 * margin) / usual.height});
+}
+
+PageLayout onOnePage(const PictureSize& picture, const PageSize& page) {
+  const double scale = fittingScale(picture, page);
+  const PageSize area = scaled(picture, scale);
+  return {page,  (page.width - area.width) / 2, (page.height - area.height) / 2,
+          scale, {{0, picture.width}},          {{0, picture.height}}};
+}
+
+// Where the piece that begins at `start` ends: at the last cut in reach, or else as far as a
+// page reaches.
+std::int64_t endOfSpan(std::int64_t start, std::int64_t room, std::int64_t length,
+                       const std::vector<std::int64_t>& cuts) {
+  if (length - start <= room) return length;
+  const auto beyond = std::upper_bound(cuts.begin(), cuts.end(), start + room);
+  if (beyond == cuts.begin() || *std::prev(beyond) <= start) return start + room;
+  return *std::prev(beyond);
+}
+
+// One more than the most pages is enough to know that they are too many.
+std::vector<PageSpan> spansOf(std::int64_t length, double room,
+                              const std::vector<std::int64_t>& cuts) {
+  std::vector<PageSpan> spans;
+  for (std::int64_t start = 0; start < length && spans.size() <= mostPages;) {
+    const std::int64_t end = endOfSpan(start, static_cast<std::int64_t>(room), length, cuts);
+    spans.push_back({start, end - start});
+    start = end;
+  }
+  return spans;
+}
+
+PageLayout tiled(const PictureSize& picture, const PageSize& page) {
+  const double scale = tiledText / svg::fontSize;
+  return {page,
+          margin,
+          margin,
+          scale,
+          spansOf(picture.width, (page.width - 2 * margin) / scale, picture.cuts.columns),
+          spansOf(picture.height, (page.height - 2 * margin) / scale, picture.cuts.rows)};
+}
+
+std::size_t pagesOf(const PageLayout& layout) { return layout.columns.size() * layout.rows.size(); }
+
+PageLayout withFewerPages(const PageLayout& a, const PageLayout& b) {
+  const PageLayout& fewer = pagesOf(b) < pagesOf(a) ? b : a;
+  if (pagesOf(fewer) <= mostPages) return fewer;
+  throw std::runtime_error("it would take more than " + std::to_string(mostPages) +
+                           " pages; draw it with --page fit");
+}
+
+}  // namespace
+
+PageLayout pageLayoutOf(const PictureSize& picture, Paper paper) {
+  if (paper == Paper::fit) return onOwnPage(picture);
+  const PageSize upright = pageOf(paper);
+  const PageSize turned = sideways(upright);
+  const bool isBetterTurned = fittingScale(picture, turned) > fittingScale(picture, upright);
+  const PageLayout one = onOnePage(picture, isBetterTurned ? turned : upright);
+  if (one.scale * svg::fontSize >= smallestText) return one;
+  return withFewerPages(tiled(picture, upright), tiled(picture, turned));
+}
+
+}  // namespace tavrel::drawing
