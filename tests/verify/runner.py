@@ -46,7 +46,8 @@ def follow(name: str, words: IO[str], log: Path, progress: Progress, started: fl
 
 
 def row_of(line: str) -> Row:
-    fields = line.rstrip("\n").split("\t")
+    """Paths below the checkout are told from there: the table may go into a document."""
+    fields = line.rstrip("\n").replace(f"{Path.cwd()}/", "").split("\t")
     if len(fields) != 4 or fields[0] != "row":
         return Row("a line that is no row", "", line.strip())
     return Row(*fields[1:])
