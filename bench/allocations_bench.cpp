@@ -3,8 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,18 +11,12 @@
 #include "bench/Contest.h"
 #include "engine/CTavrel.h"
 #include "tests/support/Allocations.h"
+#include "tests/support/Require.h"
 
 namespace tavrel::bench {
 namespace {
 
 constexpr std::size_t steps = 999;
-
-// A count of work that wasn't done is worth nothing.
-void require(bool isDone, const std::string& what) {
-  if (isDone) return;
-  std::cerr << "allocations_bench: " << what << '\n';
-  std::exit(2);
-}
 
 // Where a path of so many answers ends: at the last of the elements that are marked.
 std::pair<std::int32_t, std::int32_t> endOfWalk(const Charts& charts) {

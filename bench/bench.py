@@ -21,6 +21,12 @@ from dataclasses import dataclass
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
+sys.dont_write_bytecode = True  # no traces in the checkout
+sys.path.insert(0, str(ROOT / "tests/verify"))
+
+from stepkit import write_whole  # noqa: E402
+from tree import Tree  # noqa: E402
+
 DOCUMENT = ROOT / "docs" / "performance.md"
 NAMES = ["read", "find", "rectangle", "move", "redraw", "start", "allocations"]
 PEERS = ["libsimdjson-dev", "rapidjson-dev", "nlohmann-json3-dev", "libboost1.81-dev"]
@@ -172,9 +178,8 @@ def versions() -> str:
 
 
 def commit_measured() -> str:
-    commit = first_line(["git", "rev-parse", "--short=12", "HEAD"])
-    is_changed = first_line(["git", "status", "--porcelain", "--", ".", ":!docs", ":!*.md"])
-    return f"{commit} and changes" if is_changed else commit
+    tree = Tree()
+    return f"{tree.code_commit} and changes" if tree.changed_code else tree.code_commit
 
 
 def circumstances(programs: Path, commit: str) -> str:
@@ -202,9 +207,7 @@ def write(sections: dict[str, str]) -> None:
     text = DOCUMENT.read_text()
     for name, content in sections.items():
         text = with_section(text, name, content)
-    draft = DOCUMENT.with_suffix(".md.new")
-    draft.write_text(text)
-    draft.replace(DOCUMENT)
+    write_whole(DOCUMENT, text)
 
 
 def arguments() -> argparse.Namespace:

@@ -83,7 +83,6 @@ def run_tests(step: stepkit.Step, label: str, what: str, program: Path) -> bool:
     """Runs a GoogleTest program and prints a row for it."""
     log = step.work / f"{program.name}{label and '-' + label}.log"
     ended = run([str(program)], log)
-    passed = re.search(r"\[  PASSED  \] (\d+) test", log.read_text(encoding="utf-8"))
-    count = int(passed.group(1)) if passed else 0
+    count = stepkit.tests_passed(log.read_text(encoding="utf-8")) or 0
     shortfall = "" if ended.status == 0 and count > 0 else f"see {log}"
     return stepkit.row(what + (f", {label}" if label else ""), f"{count} tests", shortfall)

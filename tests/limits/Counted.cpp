@@ -3,8 +3,6 @@
 #include <malloc.h>
 #include <valgrind/callgrind.h>
 
-#include <stdexcept>
-
 namespace tavrel {
 
 // What was freed before is put in order now: the C library would do so at some later
@@ -17,10 +15,6 @@ void startCounting() {
 void stopCounting(const std::string& name) {
   CALLGRIND_STOP_INSTRUMENTATION;
   CALLGRIND_DUMP_STATS_AT(name.c_str());
-}
-
-void require(bool isAsExpected, const std::string& what) {
-  if (!isAsExpected) throw std::logic_error("not as expected: " + what);
 }
 
 }  // namespace tavrel

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "tests/support/Require.h"
+
 namespace tavrel {
 
 /// Callgrind counts from startCounting() to stopCounting(), which writes what was
@@ -19,9 +21,6 @@ void counted(const std::string& name, Operation&& operation) {
   operation();
   stopCounting(name);
 }
-
-/// Throws std::logic_error where what was counted hasn't done what it should have.
-void require(bool isAsExpected, const std::string& what);
 
 }  // namespace tavrel
 

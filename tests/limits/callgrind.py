@@ -2,7 +2,6 @@
 every machine of one architecture."""
 
 import os
-import subprocess
 import sys
 import tempfile
 from concurrent.futures import ThreadPoolExecutor
@@ -32,10 +31,6 @@ ENVIRONMENT = {"PATH": "/usr/bin:/bin", "LC_ALL": "C", "LD_BIND_NOW": "1",
                "GLIBC_TUNABLES": TUNABLES}
 
 
-class CannotCount(Exception):
-    """Callgrind or the counted program failed; the text is what they said."""
-
-
 def build(folder: Path, *programs: str) -> Path:
     """Builds programs of this folder as the release is; returns where they are."""
     stepkit.install("g++", "valgrind")
@@ -49,13 +44,9 @@ def count(program: Path, names: Sequence[str], directory: Path) -> dict[str, int
     started in this directory."""
     with tempfile.TemporaryDirectory() as output:
         counts = Path(output) / "callgrind"
-        command = ["valgrind", "--tool=callgrind", "--instr-atstart=no", "--combine-dumps=yes",
-                   "--dump-line=no", f"--callgrind-out-file={counts}", str(program.resolve()),
-                   *names]
-        done = subprocess.run(command, cwd=directory, env=ENVIRONMENT, text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, errors="replace")
-        if done.returncode != 0:
-            raise CannotCount(done.stdout[-4000:])
+        stepkit.run(["valgrind", "--tool=callgrind", "--instr-atstart=no", "--combine-dumps=yes",
+                     "--dump-line=no", f"--callgrind-out-file={counts}", program.resolve(),
+                     *names], cwd=directory, env=ENVIRONMENT)
         return parse(counts.read_text(encoding="utf-8", errors="replace"))
 
 

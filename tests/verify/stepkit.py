@@ -2,6 +2,7 @@
 
 import argparse
 import json
+import re
 import subprocess
 import sys
 import time
@@ -101,6 +102,12 @@ def suite_commands(build: Path) -> list[list[str]]:
         if command not in commands:
             commands.append(command)
     return commands
+
+
+def tests_passed(output: str) -> Optional[int]:
+    """The tests that a program of GoogleTest says have passed; None of any other program."""
+    line = re.search(r"^\[  PASSED  \] (\d+) test", output, re.MULTILINE)
+    return int(line[1]) if line else None
 
 
 def start(description: str, work: Callable[[Step], bool],

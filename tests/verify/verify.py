@@ -55,9 +55,11 @@ def run_full(names: list[str], write: bool, tree: Tree, progress: Progress) -> l
         if is_done(kept, write):
             progress.say(f"{name}: done on {kept.commit}, {kept.date}")
         else:
+            seconds_before = kept.seconds if kept else 0
             kept = runner.run(name, True, write, progress)
             check_unchanged(tree)
             kept.commit, kept.wrote = tree.commit, write
+            kept.seconds += seconds_before
             store.save(kept)
         outcomes.append(kept)
     return outcomes
