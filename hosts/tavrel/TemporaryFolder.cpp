@@ -1,8 +1,9 @@
 #include "hosts/tavrel/TemporaryFolder.h"
 
-#include <stdlib.h>
+#include <stdlib.h>  // mkdtemp
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <system_error>
@@ -14,12 +15,12 @@ namespace tavrel {
 namespace fs = std::filesystem;
 
 TemporaryFolder::TemporaryFolder() {
-  std::error_code failed;
-  const fs::path parent = fs::temp_directory_path(failed);
-  std::string name = ((failed ? fs::path("/tmp") : parent) / "tavrel-XXXXXX").string();
+  const char* named = std::getenv("TMPDIR");
+  const fs::path parent = named != nullptr && *named != '\0' ? named : "/tmp";
+  std::string name = (parent / "tavrel-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) {
-    throw Failure("cannot make a folder '" + name + "': " + std::strerror(errno) +
-                  "; name a place for such folders in TMPDIR");
+    throw Failure("cannot make a temporary folder in '" + parent.string() +
+                  "': " + std::strerror(errno) + "; TMPDIR can name another place");
   }
   path_ = name;
 }

@@ -7,7 +7,7 @@
 
 namespace tavrel {
 
-/// A new folder of the program's own below TMPDIR, or the system's place for such;
+/// A new folder of the program's own below TMPDIR, or /tmp without it;
 /// removed in the end with all that is in it.
 class TemporaryFolder {
  public:
