@@ -22,7 +22,7 @@ namespace tavrel::fuzz {
 namespace {
 
 // One in this many of the inputs that might make a tall flowchart is tried.
-constexpr std::uint32_t inputsForATallChart = 256;
+constexpr std::uint32_t inputsForATallChart = 4096;
 
 // Of the input alone, so that it gets the same treatment whenever it is tried.
 std::uint32_t hashOf(std::string_view bytes) {
