@@ -20,7 +20,7 @@ Outcome Walk::enter(const CatalogueEntry& chart, const std::string& answers) {
     standAgain();
     return Outcome::broken;
   }
-  stretches_ = {chart.index};
+  stretches_ = {{chart.index, answers}};
   visits_.back().stretch = 0;
   return Outcome::moved;
 }
@@ -36,7 +36,7 @@ Outcome Walk::take(WalkStep step) {
     standAgain();
     return Outcome::broken;
   }
-  visits_.back().steps.push_back(step);
+  note(step);
   return Outcome::moved;
 }
 
@@ -52,6 +52,7 @@ Outcome Walk::followLink() {
 Outcome Walk::back() {
   if (!visits_.back().steps.empty()) {
     visits_.back().steps.pop_back();
+    visits_.back().answersKept = std::min(visits_.back().answersKept, visits_.back().steps.size());
     standAgain();
     return Outcome::moved;
   }
@@ -92,7 +93,7 @@ Outcome Walk::enterWith(Visit visit, Select select) {
 }
 
 Outcome Walk::enterOnStretch(std::int64_t chart, std::size_t stretch) {
-  return enterWith({chart, stretch, {}},
+  return enterWith({chart, stretch, {}, 0},
                    [&] { navigator_.resetToStartLocationForFlowchartAtIndex(chart); });
 }
 
@@ -100,19 +101,34 @@ Outcome Walk::enterOnStretch(std::int64_t chart, std::size_t stretch) {
 // path. Only from the path's last stretch are they meant for the flowchart ahead.
 Outcome Walk::followPathInto(std::int64_t chart) {
   const std::size_t next = visits_.back().stretch + 1;
-  if (next < stretches_.size() && stretches_[next] == chart) return enterOnStretch(chart, next);
+  if (next < stretches_.size() && stretches_[next].chart == chart) {
+    return enterOnStretch(chart, next);
+  }
   if (next != stretches_.size()) return enterOnStretch(chart, stretchOn(chart));
-  const Outcome outcome = enterWith({chart, next, {}}, [&] { navigator_.moveAlongPath(); });
-  if (outcome == Outcome::moved) stretches_.push_back(chart);
+  Stretch ahead = {chart, std::nullopt};
+  if (const std::string* answers = answersKept()) {
+    ahead.answers = answers->substr(visits_.back().answersKept);
+  }
+  const Outcome outcome = enterWith({chart, next, {}, 0}, [&] { navigator_.moveAlongPath(); });
+  if (outcome == Outcome::moved) stretches_.push_back(std::move(ahead));
   return outcome;
 }
 
-// Made as a step through an exit, which leads to the same box whenever it is made
-// again, while a path may have been laid over itself meanwhile.
 Outcome Walk::takeAlongPath() {
   const ScreenElement from = box();
   if (!from.isOnPath()) return Outcome::stayed;
   if (from.nameOfNextFlowchart()) return followLink();
+  const std::string* answers = answersKept();
+  if (answers == nullptr) return takeAlongMarks();
+  const std::size_t next = visits_.back().answersKept;
+  if (next == answers->size()) return Outcome::stayed;
+  return take((*answers)[next] == 'y' ? WalkStep::yes : WalkStep::no);
+}
+
+// Made as a step through an exit, which leads to the same box whenever it is made
+// again, while a path may have been laid over itself meanwhile.
+Outcome Walk::takeAlongMarks() {
+  const ScreenElement from = box();
   if (isMarkedToward(from.yesDirection())) return take(WalkStep::yes);
   if (isMarkedToward(from.noDirection())) return take(WalkStep::no);
   return Outcome::stayed;
@@ -120,9 +136,28 @@ Outcome Walk::takeAlongPath() {
 
 // The latest stretch that lies on a flowchart.
 std::size_t Walk::stretchOn(std::int64_t chart) const {
-  const auto found = std::find(stretches_.rbegin(), stretches_.rend(), chart);
+  const auto found = std::find_if(stretches_.rbegin(), stretches_.rend(),
+                                  [&](const Stretch& each) { return each.chart == chart; });
   if (found == stretches_.rend()) return noStretch;
   return static_cast<std::size_t>(stretches_.rend() - found) - 1;
+}
+
+// The answers of the stretch that the walk is on, if it has kept to them so far.
+const std::string* Walk::answersKept() const {
+  const Visit& visit = visits_.back();
+  if (visit.stretch >= stretches_.size() || visit.answersKept < visit.steps.size()) return nullptr;
+  const std::optional<std::string>& answers = stretches_[visit.stretch].answers;
+  return answers ? &*answers : nullptr;
+}
+
+void Walk::note(WalkStep step) {
+  Visit& visit = visits_.back();
+  const std::string* answers = answersKept();
+  const std::size_t next = visit.answersKept;
+  const bool isKept = answers != nullptr && next < answers->size() &&
+                      step == ((*answers)[next] == 'y' ? WalkStep::yes : WalkStep::no);
+  visit.steps.push_back(step);
+  if (isKept) ++visit.answersKept;
 }
 
 bool Walk::isMarkedToward(std::int64_t direction) const {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,7 +78,12 @@ class Walk {
 
  private:
   // A path that crosses flowcharts is laid in stretches, one for each flowchart in
-  // the order in which it is entered.
+  // the order in which it is entered. Marks alone don't tell which way comes next where a
+  // path comes to a box twice: as long as a walk keeps to the answers, these do.
+  struct Stretch {
+    std::int64_t chart;
+    std::optional<std::string> answers;  // unless some of the path was walked in another way
+  };
   static constexpr std::size_t noStretch = static_cast<std::size_t>(-1);
 
   // One stay in a flowchart, since it was entered.
@@ -85,6 +91,7 @@ class Walk {
     std::int64_t chart;
     std::size_t stretch;  // of the path that lies on the flowchart, or noStretch
     std::vector<WalkStep> steps;
+    std::size_t answersKept = 0;  // of the first steps, those that were the stretch's answers
   };
 
   template <typename Select>
@@ -92,6 +99,9 @@ class Walk {
   Outcome enterOnStretch(std::int64_t chart, std::size_t stretch);
   Outcome followPathInto(std::int64_t chart);
   Outcome takeAlongPath();
+  Outcome takeAlongMarks();
+  const std::string* answersKept() const;
+  void note(WalkStep step);
   std::size_t stretchOn(std::int64_t chart) const;
   bool isMarkedToward(std::int64_t direction) const;
   void make(WalkStep step);
@@ -102,7 +112,7 @@ class Walk {
   const Library& library_;
   Tavrel navigator_;
   std::vector<Visit> visits_;            // the last one is where the walk is
-  std::vector<std::int64_t> stretches_;  // the flowcharts that the path is laid onto
+  std::vector<Stretch> stretches_;       // of the path that was laid last
 };
 
 }  // namespace tavrel
