@@ -41,6 +41,11 @@ fs::path behindLinks(const fs::path& path) {
   return failed ? path : target;
 }
 
+void refuseSource(const fs::path& path) {
+  const fs::path extension = path.extension();
+  if (extension == ".yaml" || extension == ".yml") fail(path, "a file of that name is a source");
+}
+
 void replace(const fs::path& path, std::string_view bytes) {
   const fs::path draft = path.string() + ".new" + std::to_string(getpid());
   std::error_code failed;
@@ -62,8 +67,12 @@ void replace(const fs::path& path, std::string_view bytes) {
 void writeOutput(const fs::path& path, std::string_view bytes) {
   if (path == "-") {
     std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  } else if (isReplaceable(path)) {
-    replace(behindLinks(path), bytes);
+    return;
+  }
+  const fs::path target = behindLinks(path);
+  refuseSource(target);
+  if (isReplaceable(path)) {
+    replace(target, bytes);
   } else {
     write(path, bytes, path);
   }

@@ -11,7 +11,8 @@ namespace tavrel {
 /// Writes the bytes to a temporary file beside the path, and then renames it: nobody sees half
 /// of it, and what stood there stays if something goes wrong. Links stay, and so does what is no
 /// file, such as a device or a pipe: it is written to. "-" is standard output. Throws Failure
-/// when it can't be written.
+/// when it can't be written, and for a path that ends in .yaml or .yml, or is a link to such:
+/// sources are written by people.
 void writeOutput(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace tavrel

@@ -25,9 +25,12 @@ TemporaryFolder::TemporaryFolder() {
   path_ = name;
 }
 
+// Whoever ends because something failed may still want to say why.
 TemporaryFolder::~TemporaryFolder() {
+  const int reason = errno;
   std::error_code ignored;
   fs::remove_all(path_, ignored);
+  errno = reason;
 }
 
 }  // namespace tavrel
