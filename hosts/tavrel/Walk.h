@@ -111,8 +111,8 @@ class Walk {
 
   const Library& library_;
   Tavrel navigator_;
-  std::vector<Visit> visits_;            // the last one is where the walk is
-  std::vector<Stretch> stretches_;       // of the path that was laid last
+  std::vector<Visit> visits_;       // the last one is where the walk is
+  std::vector<Stretch> stretches_;  // of the path that was laid last
 };
 
 }  // namespace tavrel
