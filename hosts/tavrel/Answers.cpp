@@ -28,4 +28,10 @@ std::string checkedAnswers(const std::string& answers) {
   return checked;
 }
 
+std::string leftOver(const std::string& answers) {
+  const std::size_t count = answers.size();
+  return std::to_string(count) + (count == 1 ? " answer was" : " answers were") + " left over: '" +
+         answers + "'";
+}
+
 }  // namespace tavrel

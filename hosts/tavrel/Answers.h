@@ -11,6 +11,9 @@ namespace tavrel {
 /// at the first letter that is neither.
 std::string checkedAnswers(const std::string& answers);
 
+/// "2 answers were left over: 'yn'". REQUIRES: there are some.
+std::string leftOver(const std::string& answers);
+
 }  // namespace tavrel
 
 #endif  // TAVREL_HOSTS_TAVREL_ANSWERS_H

@@ -50,7 +50,7 @@ class Findings {
     std::vector<SourceFile> files;
     std::vector<CheckedChart> charts;
     for (const fs::path& path : paths) {
-      files.push_back(readInput(path));
+      if (!read(path, files)) continue;
       charts.push_back(checkChart(files.back(), catalogue_));
       if (path != "-") checkLinks(charts.back(), namesBeside(path));
     }
@@ -58,17 +58,29 @@ class Findings {
     for (std::size_t i = 0; i < files.size(); ++i) take(charts[i], files[i]);
   }
 
+  /// The exit status. Whoever wants all findings is told of those that there are, even though
+  /// some file can't be read.
   int finish() {
     if (arguments_.asJson) {
       std::cout << array_.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
     } else {
       std::cout << summary() << '\n';
     }
+    if (isUnread_) return failureStatus;
     const bool isWarned = arguments_.isStrict && count(Severity::warning) > 0;
     return isWarned || count(Severity::error) > 0 ? 1 : 0;
   }
 
  private:
+  bool read(const fs::path& path, std::vector<SourceFile>& files) try {
+    files.push_back(readInput(path));
+    return true;
+  } catch (const Failure& failure) {
+    std::cerr << "tavrel: " << failure.what() << '\n';
+    isUnread_ = true;
+    return false;
+  }
+
   std::size_t count(Severity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
 
   const std::set<std::string>& namesBeside(const fs::path& file) {
@@ -123,6 +135,7 @@ class Findings {
   nlohmann::ordered_json array_ = nlohmann::ordered_json::array();
   std::map<fs::path, std::set<std::string>> names_;  // of the charts in a folder
   std::size_t files_ = 0;
+  bool isUnread_ = false;
   std::array<std::size_t, 3> counts_ = {};
 };
 

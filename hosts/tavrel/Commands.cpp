@@ -62,9 +62,11 @@ void walkInLines(const Library& library, const CatalogueEntry* chart, const Answ
   }
 }
 
-bool isSource(const std::string& name) {
-  return std::filesystem::path(name).extension() == ".yaml";
+bool endsIn(const std::string& name, const char* extension) {
+  return std::filesystem::path(name).extension() == extension;
 }
+
+bool isSource(const std::string& name) { return endsIn(name, ".yaml") || endsIn(name, ".yml"); }
 
 int walkSource(const Arguments& arguments, const Answers& answers) {
   const bool isOnScreen = Terminal::isUsable();
@@ -108,8 +110,12 @@ int walkCharts(const Arguments& arguments) {
   Answers answers;
   if (arguments.answers) answers = checkedAnswers(*arguments.answers);
   if (isSource(arguments.name)) return walkSource(arguments, answers);
-  if (arguments.watches)
+  if (arguments.watches) {
     throw Failure("only a source can be watched: tavrel walk NAME.yaml --watch");
+  }
+  if (endsIn(arguments.name, ".fv")) {
+    throw Failure("walk takes the name of a flowchart, without .fv; --charts names its folder");
+  }
   const Library library = libraryOf(arguments);
   const CatalogueEntry* chart = arguments.name.empty() ? nullptr : &library.find(arguments.name);
   if (chart) requireFile(library, *chart);

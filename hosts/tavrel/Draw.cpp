@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdint>
 #include <filesystem>
+#include <iostream>
 #include <stdexcept>
 #include <string_view>
 
@@ -91,13 +92,17 @@ GridPlace placeAt(const std::string& text, const Tavrel& navigator) {
   throw Failure("there is no box at " + text + "; the ids in an SVG drawing tell them all");
 }
 
-// Where the answers lead within the chart. Lines may run in circles, answers don't.
-GridPlace endOfPath(Walk& walk, std::size_t answers) {
-  while (answers > 0 && !walk.box().nameOfNextFlowchart() &&
+// Where the answers lead within the chart. Those that are left at a link go on in the next.
+GridPlace endOfPath(Walk& walk, const std::string& answers) {
+  std::size_t taken = 0;
+  while (taken < answers.size() && !walk.box().nameOfNextFlowchart() &&
          walk.take(WalkStep::alongPath) == Outcome::moved) {
-    --answers;
+    ++taken;
   }
   const ScreenElement box = walk.box();
+  if (taken < answers.size() && !box.nameOfNextFlowchart()) {
+    std::cerr << "tavrel: " << leftOver(answers.substr(taken)) << '\n';
+  }
   return {box.x(), box.y()};
 }
 
@@ -121,7 +126,7 @@ std::optional<GridPlace> enter(Walk& walk, const ChartToDraw& chart,
     throw Failure(refusalOf(walk, entry, outcome, arguments.chart, chart.folder != nullptr));
   }
   if (arguments.at) return placeAt(*arguments.at, walk.navigator());
-  if (arguments.answers) return endOfPath(walk, answers.size());
+  if (arguments.answers) return endOfPath(walk, answers);
   return std::nullopt;
 }
 

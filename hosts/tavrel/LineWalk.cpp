@@ -5,7 +5,9 @@
 #include <map>
 #include <set>
 
+#include "hosts/tavrel/Answers.h"
 #include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/NearMiss.h"
 #include "hosts/tavrel/Words.h"
 
 namespace tavrel {
@@ -78,7 +80,8 @@ void LineWalk::tellList() {
 
 void LineWalk::follow(const CatalogueEntry& chart, const std::string& answers) {
   enterFirst(chart, answers);
-  tellLeftOver(walkPath(answers));
+  const std::string left = walkPath(answers);
+  if (!left.empty()) say(leftOver(left));
 }
 
 // Walks the path laid and returns the answers that were left over.
@@ -116,12 +119,11 @@ void LineWalk::enterFirst(const CatalogueEntry& chart, const std::string& answer
 
 // Obeys a line, if it is a command or empty.
 bool LineWalk::isCommand(const std::string& line) {
-  static const std::map<std::string, WalkStep> steps = {{"y", WalkStep::yes},
-                                                        {"n", WalkStep::no},
-                                                        {"r", WalkStep::root},
-                                                        {"next", WalkStep::alongPath}};
+  static const std::map<std::string, WalkStep> steps = {
+      {"y", WalkStep::yes}, {"yes", WalkStep::yes}, {"n", WalkStep::no},
+      {"no", WalkStep::no}, {"r", WalkStep::root},  {"next", WalkStep::alongPath}};
   constexpr std::size_t chartLength = 6;  // "chart "
-  if (const auto step = steps.find(line); step != steps.end()) {
+  if (const auto step = steps.find(lowerCase(line)); step != steps.end()) {
     take(step->second);
   } else if (line == "b") {
     back();
@@ -178,13 +180,6 @@ void LineWalk::tellBox() {
     out_ << "  " << printable(line, charset_) << '\n';
   }
   out_ << "> " << printable(choicesOf(box), charset_) << "\n\n";
-}
-
-void LineWalk::tellLeftOver(const std::string& answers) {
-  if (answers.empty()) return;
-  const std::size_t count = answers.size();
-  say(std::to_string(count) + (count == 1 ? " answer was" : " answers were") + " left over: '" +
-      answers + "'");
 }
 
 void LineWalk::say(const std::string& clause) {

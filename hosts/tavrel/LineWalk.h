@@ -47,7 +47,6 @@ class LineWalk {
   void enter(const std::string& nameOrTitle);
   void tellChart();
   void tellBox();
-  void tellLeftOver(const std::string& answers);
   void say(const std::string& clause);
 
   Walk walk_;

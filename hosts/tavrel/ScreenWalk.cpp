@@ -80,7 +80,7 @@ void ScreenWalk::walkFromList() {
 
 void ScreenWalk::run() {
   do {
-    view_.draw(walk_, message_);
+    view_.draw(walk_, message_, sourceError_);
     message_.clear();
   } while (obey(terminal_.readKey([this] { return watched_ && watched_->haveChanged(); })));
 }
@@ -184,16 +184,15 @@ void ScreenWalk::showIntro() try {
 
 void ScreenWalk::showHelp() { showPage(terminal_, "Keys", helpLines); }
 
-// As long as a source has an error, the walk goes on in what it was before.
+// As long as a source has an error, the walk goes on in what it was before, and says so.
 void ScreenWalk::readAgain() try {
   const KeptPlace place(walk_, *watched_);
-  if (!watched_->compile()) {
-    message_ = printable(watched_->firstSaid(), charset_);
-    return;
-  }
+  const bool isFine = watched_->compile();
+  sourceError_ = printable(watched_->firstError(), charset_);
+  if (!isFine) return;
   place.restore(walk_, *watched_, answers_);
   view_.chartChanged();
-  message_ = "The source was saved; this is what it says now.";
+  if (sourceError_.empty()) message_ = "The source was saved; this is what it says now.";
 } catch (const Failure& failure) {
   say(failure.what());
 }

@@ -45,8 +45,9 @@ class ScreenWalk {
   Charset charset_;
   WalkView view_;
   SourceCharts* watched_;
-  std::string answers_;  // laid on the first chart
-  std::string message_;  // said once, until the next key
+  std::string answers_;      // laid on the first chart
+  std::string message_;      // said once, until the next key
+  std::string sourceError_;  // stands until it is mended
 };
 
 }  // namespace tavrel

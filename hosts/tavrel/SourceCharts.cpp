@@ -55,15 +55,16 @@ SourceCharts::SourceCharts(fs::path source, fs::path others)
 
 bool SourceCharts::compile() {
   said_.clear();
-  firstSaid_.clear();
+  firstError_.clear();
   for (auto& [source, change] : seen_) change = changeOf(source);
   std::optional<CompiledChart> chart = compiled(source_);
   if (!chart) return false;
   for (const auto& old : fs::directory_iterator(folder())) fs::remove(old);
-  charts_.clear();
+  before_ = std::exchange(charts_, {});
   chart_ = chart->source.chart;
   write(std::move(*chart));
   fetchLinksOf(chart_);
+  before_.clear();
   return true;
 }
 
@@ -86,15 +87,21 @@ std::optional<CompiledChart> SourceCharts::compiled(const fs::path& source) {
   const SourceFile file = readInput(source);
   Diagnostics found;
   std::optional<CompiledChart> chart = authoring::compile(file, catalogue_, found);
+  tell(source, file, found);
+  return chart;
+}
+
+void SourceCharts::tell(const fs::path& source, const SourceFile& file, const Diagnostics& found) {
+  const std::vector<Diagnostic> sorted = found.sorted();
+  const auto error = std::find_if(sorted.begin(), sorted.end(), [](const Diagnostic& each) {
+    return severityOf(each.code) == Severity::error;
+  });
+  if (error != sorted.end() && firstError_.empty()) firstError_ = oneLine(*error, file);
   if (source == source_) {
-    for (const Diagnostic& each : found.sorted()) {
-      said_ += shown(each, file);
-      if (firstSaid_.empty()) firstSaid_ = oneLine(each, file);
-    }
-  } else if (!chart) {
+    for (const Diagnostic& each : sorted) said_ += shown(each, file);
+  } else if (error != sorted.end()) {
     said_ += "tavrel: '" + source.string() + "' has errors, which 'tavrel compile' shows\n";
   }
-  return chart;
 }
 
 void SourceCharts::write(CompiledChart chart) {
@@ -127,6 +134,8 @@ bool SourceCharts::fetchFrom(const fs::path& folder, const std::string& name) {
   const fs::path source = folder / (name + ".yaml");
   if (isFile(source)) {
     std::optional<CompiledChart> chart = compiled(source);
+    const auto before = before_.find(name);
+    if (!chart && before != before_.end()) chart = std::move(before->second);
     if (chart && chart->source.chart == name) {
       write(std::move(*chart));
       return true;

@@ -16,7 +16,7 @@ namespace tavrel {
 /// A source compiled into a temporary folder, together with the charts that links lead to from
 /// there. Each of those is taken from the source's own folder or, if it isn't there, from the
 /// folder of other charts: compiled from NAME.yaml, or as NAME.fv where there is no such source
-/// or it has an error.
+/// or it has an error. What was made of a linked source before it got its errors stays.
 class SourceCharts {
  public:
   /// Compiles nothing yet. Throws Failure when there can be no temporary folder.
@@ -30,8 +30,8 @@ class SourceCharts {
   /// source, and the names of other sources that have errors.
   const std::string& said() const noexcept { return said_; }
 
-  /// The first thing in it, on one line; empty for nothing.
-  const std::string& firstSaid() const noexcept { return firstSaid_; }
+  /// The first error of it, on one line, be it a linked source's; empty if there is none.
+  const std::string& firstError() const noexcept { return firstError_; }
 
   /// Whether a source has been saved since the last compilation.
   bool haveChanged() const;
@@ -56,14 +56,16 @@ class SourceCharts {
   void fetchLinksOf(const std::string& name);
   bool fetch(const std::string& name);
   bool fetchFrom(const std::filesystem::path& folder, const std::string& name);
+  void tell(const std::filesystem::path& source, const authoring::SourceFile& file,
+            const authoring::Diagnostics& found);
   void note(const std::filesystem::path& source);
 
   const std::filesystem::path source_, others_;
   const authoring::Catalogue catalogue_;
   TemporaryFolder folder_;
-  Charts charts_;
+  Charts charts_, before_;  // of this compilation, and of the one before it
   std::string chart_;
-  std::string said_, firstSaid_;
+  std::string said_, firstError_;
   std::map<std::filesystem::path, std::filesystem::file_time_type> seen_;  // sources
 };
 

@@ -1,6 +1,7 @@
 #include "hosts/tavrel/WalkPanel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "hosts/tavrel/MoreMarks.h"
 #include "hosts/tavrel/Words.h"
@@ -22,7 +23,8 @@ std::vector<std::string> commentaryOf(const Walk& walk) {
 WalkPanel::WalkPanel(Terminal& terminal, Charset charset)
     : terminal_(terminal), charset_(charset) {}
 
-void WalkPanel::draw(const Walk& walk, const Area& area, const std::string& message) {
+void WalkPanel::draw(const Walk& walk, const Area& area, const std::string& message,
+                     const std::string& notice) {
   area_ = area;
   if (area_.height < 1) return;
   const auto fitted = [&](std::vector<std::string> lines) {
@@ -30,14 +32,16 @@ void WalkPanel::draw(const Walk& walk, const Area& area, const std::string& mess
     return flowed(lines, textWidth());
   };
   const int titleRows = area_.height > 1 ? 1 : 0;
-  std::vector<std::string> status = fitted({message.empty() ? placeOf(walk) : message});
+  std::vector<std::string> lines = {message.empty() ? placeOf(walk) : message};
+  if (!notice.empty()) lines.insert(lines.begin(), notice);
+  std::vector<std::string> status = fitted(std::move(lines));
   const int statusRows = std::min(static_cast<int>(status.size()), area_.height - titleRows);
   status.resize(static_cast<std::size_t>(statusRows));
   commentaryRoom_ = area_.height - titleRows - statusRows;
 
   if (titleRows > 0) drawTitle(printable(walk.chart().title, charset_));
   drawCommentary(fitted(commentaryOf(walk)));
-  drawStatus(status, !message.empty());
+  drawStatus(status, !message.empty() || !notice.empty());
 }
 
 void WalkPanel::drawTitle(const std::string& title) {

@@ -20,8 +20,10 @@ class WalkPanel {
   WalkPanel(Terminal& terminal, Charset charset);
 
   /// Draws the panel of a walk that has entered a flowchart. A message takes the
-  /// place of where the walk is, and rows of the commentary if it needs them.
-  void draw(const Walk& walk, const Area& area, const std::string& message);
+  /// place of where the walk is, a notice stands above it; both take rows of the
+  /// commentary if they need them.
+  void draw(const Walk& walk, const Area& area, const std::string& message,
+            const std::string& notice);
 
   /// Scrolls the commentary by so many pages, as far as it goes.
   void scrollCommentary(int pages) { commentaryTop_ += pages * commentaryRoom_; }

@@ -48,14 +48,14 @@ void WalkView::chartChanged() {
   placeChanged();
 }
 
-void WalkView::draw(const Walk& walk, const std::string& message) {
+void WalkView::draw(const Walk& walk, const std::string& message, const std::string& notice) {
   if (!chart_) chart_.emplace(walk.navigator(), charset_);
   layOut();
   const auto [name, x, y] = walk.navigator().currentLocation();
   scrollTo(chart_->frameOf(x, y));
   terminal_.clear();
   drawChart(walk);
-  panel_.draw(walk, panelArea_, message);
+  panel_.draw(walk, panelArea_, message, notice);
   drawRule();
   terminal_.show();
 }

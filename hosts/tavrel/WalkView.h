@@ -21,8 +21,8 @@ class WalkView {
   WalkView(Terminal& terminal, Charset charset);
 
   /// Draws a walk that has entered a flowchart, scrolled so that the place is in
-  /// view, and a message if there is one.
-  void draw(const Walk& walk, const std::string& message);
+  /// view, and a message and a notice if there are any.
+  void draw(const Walk& walk, const std::string& message, const std::string& notice);
 
   /// To be called after each move within a flowchart, and after each move into
   /// one: it may be another, or read anew.

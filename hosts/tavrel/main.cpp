@@ -122,7 +122,7 @@ void defineWalk(CLI::App& app, Invocation& invocation) {
                  "Read a source again whenever it is saved, and stay at its box");
   walk->footer(
       "With input that is no terminal, a walk reads commands, one a line:\n"
-      "  y, n        follow the yes or the no exit\n"
+      "  y, n        follow the yes or the no exit (yes, no)\n"
       "  b           one step back\n"
       "  r           to the root box\n"
       "  next        one box further along the prepared path\n"

@@ -54,7 +54,9 @@ void appendLines(Answer& answer, const std::string& mark, const std::string& byt
     const bool isOpen = end == std::string::npos;
     const std::string quoted = quote(bytes.substr(begin, isOpen ? end : end - begin));
     std::string line = quoted.substr(1, quoted.size() - 2);
-    for (std::size_t at; (at = line.find("\\\"")) != std::string::npos;) line.erase(at, 1);
+    for (std::size_t at = 0; (at = line.find("\\\"", at)) != std::string::npos; ++at) {
+      line.erase(at, 1);
+    }
     answer.push_back(mark + (line.empty() ? "" : " " + line) + (isOpen ? "\\" : ""));
     begin = isOpen ? bytes.size() : end + 1;
   }

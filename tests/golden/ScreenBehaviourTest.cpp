@@ -197,6 +197,21 @@ TEST_F(ScreenWatch, StaysInAChartThatALinkLedTo) {
   EXPECT_TRUE(shows(terminal, "Overcall 2,0: follow to RespSuit"));
 }
 
+TEST_F(ScreenWatch, StaysInALinkedChartWhileItsSourceIsWrong) {
+  const std::string linked = "chart: RespSuit\nstart: fit\nboxes:\n  fit: {text: \"A fit?\", ";
+  save("RespSuit", linked + "yes: {text: \"Raise\"}, no: {text: \"1NT\"}}\n");
+  PseudoTerminal terminal = walk();
+  terminal.type("yy\r");
+  ASSERT_TRUE(shows(terminal, "RespSuit 0,0: yes, no"));
+  save("RespSuit", linked + "yes: raise}\n");
+  EXPECT_TRUE(shows(terminal, "RespSuit.yaml:4:30: error: no box has the id raise"));
+  terminal.type("n");
+  EXPECT_TRUE(shows(terminal, "RespSuit 0,2: the end"));
+  EXPECT_TRUE(shows(terminal, "error: no box has the id raise")) << "it stands until it is mended";
+  save("RespSuit", linked + "yes: {text: \"Raise\"}, no: {text: \"1NT\"}}\n");
+  EXPECT_TRUE(shows(terminal, "The source was saved"));
+}
+
 TEST_F(ScreenWatch, LeavesNothingBehind) {
   const ChartDirectory temporary;
   PseudoTerminal terminal = walk("", "TMPDIR=" + temporary.path().string());
