@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "drawing/SvgBox.h"
 
@@ -14,9 +15,8 @@ namespace {
 
 constexpr double usualScale = 0.75;    // a screen's pixel on paper
 constexpr double longestSide = 14400;  // that readers of PDF show
-constexpr double margin = 36;          // printers need about half; marks and words stand in it
 constexpr double smallestText = 6.5;
-constexpr double tiledText = 9;
+constexpr double tiledTexts[] = {9, 8.5, 8};  // the best first
 constexpr std::size_t mostPages = 500;
 
 PageSize pageOf(Paper paper) {
@@ -38,8 +38,8 @@ PageLayout onOwnPage(const PictureSize& picture) {
 
 double fittingScale(const PictureSize& picture, const PageSize& page) {
   const PageSize usual = scaled(picture, usualScale);
-  return usualScale * std::min({1.0, (page.width - 2 * margin) / usual.width,
-                                (page.height - 2 * margin) / usual.height});
+  return usualScale * std::min({1.0, (page.width - 2 * pageMargin) / usual.width,
+                                (page.height - 2 * pageMargin) / usual.height});
 }
 
 PageLayout onOnePage(const PictureSize& picture, const PageSize& page) {
@@ -71,21 +71,28 @@ std::vector<PageSpan> spansOf(std::int64_t length, double room,
   return spans;
 }
 
-PageLayout tiled(const PictureSize& picture, const PageSize& page) {
-  const double scale = tiledText / svg::fontSize;
+PageLayout tiled(const PictureSize& picture, const PageSize& page, double text) {
+  const double scale = text / svg::fontSize;
   return {page,
-          margin,
-          margin,
+          pageMargin,
+          pageMargin,
           scale,
-          spansOf(picture.width, (page.width - 2 * margin) / scale, picture.cuts.columns),
-          spansOf(picture.height, (page.height - 2 * margin) / scale, picture.cuts.rows)};
+          spansOf(picture.width, (page.width - 2 * pageMargin) / scale, picture.cuts.columns),
+          spansOf(picture.height, (page.height - 2 * pageMargin) / scale, picture.cuts.rows)};
 }
 
 std::size_t pagesOf(const PageLayout& layout) { return layout.columns.size() * layout.rows.size(); }
 
-PageLayout withFewerPages(const PageLayout& a, const PageLayout& b) {
-  const PageLayout& fewer = pagesOf(b) < pagesOf(a) ? b : a;
-  if (pagesOf(fewer) <= mostPages) return fewer;
+// Of two that take as many the one with larger text.
+PageLayout onFewestPages(const PictureSize& picture, const PageSize& upright) {
+  PageLayout fewest = tiled(picture, upright, tiledTexts[0]);
+  for (const double text : tiledTexts) {
+    for (const PageSize& page : {upright, sideways(upright)}) {
+      PageLayout layout = tiled(picture, page, text);
+      if (pagesOf(layout) < pagesOf(fewest)) fewest = std::move(layout);
+    }
+  }
+  if (pagesOf(fewest) <= mostPages) return fewest;
   throw std::runtime_error("it would take more than " + std::to_string(mostPages) +
                            " pages; draw it with --page fit");
 }
@@ -99,7 +106,7 @@ PageLayout pageLayoutOf(const PictureSize& picture, Paper paper) {
   const bool isBetterTurned = fittingScale(picture, turned) > fittingScale(picture, upright);
   const PageLayout one = onOnePage(picture, isBetterTurned ? turned : upright);
   if (one.scale * svg::fontSize >= smallestText) return one;
-  return withFewerPages(tiled(picture, upright), tiled(picture, turned));
+  return onFewestPages(picture, upright);
 }
 
 }  // namespace tavrel::drawing

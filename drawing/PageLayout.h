@@ -10,6 +10,10 @@
 
 namespace tavrel::drawing {
 
+/// Around what a page shows of a picture, in points. Printers need about half; marks and words
+/// stand in it.
+constexpr double pageMargin = 36;
+
 /// A page's size, in points.
 struct PageSize {
   double width;

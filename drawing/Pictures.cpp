@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 #include "drawing/PageLayout.h"
+#include "text/Text.h"
 
 namespace tavrel::drawing {
 namespace {
@@ -143,14 +144,31 @@ std::string placeOf(const Tile& tile) {
          " of " + std::to_string(tile.layout.rows.size());
 }
 
-// In the middle of the lower margin.
-void drawCaption(cairo_t* context, const PageLayout& layout, const std::string& caption) {
+double widthOf(cairo_t* context, const std::string& text) {
   cairo_text_extents_t extents;
+  cairo_text_extents(context, text.c_str(), &extents);
+  return extents.x_advance;
+}
+
+// As much of its beginning as there is room for.
+std::string shortened(cairo_t* context, std::string title, double room) {
+  if (widthOf(context, title) <= room) return title;
+  while (!title.empty() && widthOf(context, title + "…") > room) {
+    title.resize(title.size() - glyphs(title).back().bytes.size());
+  }
+  return title + "…";
+}
+
+// In the middle of the lower margin: the title, and after it the page's place.
+void drawCaption(cairo_t* context, const PageLayout& layout, const std::string& title,
+                 const std::string& place) {
   cairo_select_font_face(context, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
   cairo_set_font_size(context, 8);
-  cairo_text_extents(context, caption.c_str(), &extents);
+  const double room = layout.page.width - 2 * pageMargin;
+  const std::string caption = shortened(context, title, room - widthOf(context, place)) + place;
   cairo_set_source_rgb(context, 0, 0, 0);
-  cairo_move_to(context, (layout.page.width - extents.x_advance) / 2, layout.page.height - 18);
+  cairo_move_to(context, (layout.page.width - widthOf(context, caption)) / 2,
+                layout.page.height - pageMargin / 2);
   cairo_show_text(context, caption.c_str());
 }
 
@@ -159,21 +177,24 @@ void drawPage(const SvgChart& chart, cairo_t* context, const Tile& tile,
   renderTile(chart, context, tile);
   if (tile.layout.isTiled()) {
     drawCropMarks(context, tile);
-    drawCaption(context, tile.layout, options.title + ": " + placeOf(tile));
+    drawCaption(context, tile.layout, options.title, ": " + placeOf(tile));
   } else if (options.paper != Paper::fit) {
-    drawCaption(context, tile.layout, options.title);
+    drawCaption(context, tile.layout, options.title, "");
   }
   cairo_show_page(context);
   check(cairo_status(context));
 }
 
-std::string pdf(const SvgChart& chart, const PdfOptions& options) {
+std::string pdf(const SvgChart& chart, const PdfOptions& given) {
+  const PdfOptions options{given.paper, printable(given.title, Charset::utf8)};
   const PageLayout layout =
       pageLayoutOf({chart.width(), chart.height(), chart.cuts()}, options.paper);
   std::string bytes;
   const Surface surface(cairo_pdf_surface_create_for_stream(appendBytes, &bytes, layout.page.width,
                                                             layout.page.height));
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, options.title.c_str());
+  // The time of its making, which cairo would write: the same chart gives the same bytes.
+  cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE, nullptr);
   const Context context(cairo_create(surface.get()));
   for (std::size_t row = 0; row < layout.rows.size(); ++row) {
     for (std::size_t column = 0; column < layout.columns.size(); ++column) {

@@ -45,10 +45,14 @@ struct PictureMakers {
   ///
   /// On A4 and Letter, upright or sideways, whichever shows more, the picture is made smaller
   /// to fit one page as long as its text stays 6.5 points high or more. Beyond that its text is
-  /// 9 points high and it is spread over as few pages as that takes, row by row, cut between
-  /// its columns and rows wherever one of them is not larger than a page. The pages fit edge
-  /// to edge: cut along the marks at the corners. Each page says where it belongs: "across 2 of
-  /// 3, down 1 of 4". A picture of more than 500 pages is too large.
+  /// 9 points high, or 8.5 or 8 where that saves pages, and it is spread over as few pages as
+  /// that takes, row by row, cut between its columns and rows wherever one of them is not larger
+  /// than a page. The pages fit edge to edge: cut along the marks at the corners. Each page says
+  /// below the picture what it belongs to and where: "Stayman: across 2 of 3, down 1 of 4". A
+  /// picture of more than 500 pages is too large.
+  ///
+  /// The same chart always gives the same bytes with the same fonts and libraries: no date is
+  /// in them.
   std::string (*pdf)(const SvgChart& chart, const PdfOptions& options);
 };
 

@@ -82,6 +82,20 @@ TEST(PageLayout, CutsBetweenColumnsAndRowsWhereItCan) {
   }
 }
 
+TEST(PageLayout, MakesTextALittleSmallerWhereThatSavesPages) {
+  const PageLayout layout = pageLayoutOf({887, 1828, {}}, Paper::a4);
+  EXPECT_LT(layout.page.width, layout.page.height);
+  EXPECT_EQ(layout.columns.size(), 1U);
+  EXPECT_EQ(layout.rows.size(), 2U);
+  EXPECT_DOUBLE_EQ(layout.scale * textHeight, 8);
+}
+
+TEST(PageLayout, MakesTextNoSmallerThanItMustBeToSavePages) {
+  const PageLayout layout = pageLayoutOf({850, 1828, {}}, Paper::a4);
+  EXPECT_EQ(layout.columns.size() * layout.rows.size(), 2U);
+  EXPECT_DOUBLE_EQ(layout.scale * textHeight, 8.5);
+}
+
 TEST(PageLayout, RefusesAPictureOfTooManyPages) {
   EXPECT_NO_THROW(pageLayoutOf({5000, 90000, {}}, Paper::letter));
   EXPECT_THROW(pageLayoutOf({50000, 100000, {}}, Paper::letter), std::runtime_error);

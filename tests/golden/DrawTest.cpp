@@ -217,6 +217,38 @@ TEST_F(PictureTest, FitsThePaper) {
   EXPECT_EQ(read("words.txt").find("across"), std::string::npos);
 }
 
+// Whatever the time of day.
+TEST_F(PictureTest, IsTheSamePdfEachTime) {
+  ASSERT_EQ(draw(loops + " --page A4 -o first.pdf", here.path()), "exit 0");
+  ASSERT_EQ(draw(loops + " --page A4 -o second.pdf", here.path()), "exit 0");
+  EXPECT_EQ(read("first.pdf"), read("second.pdf"));
+  run("pdfinfo first.pdf >info.txt");
+  EXPECT_EQ(read("info.txt").find("CreationDate"), std::string::npos) << read("info.txt");
+}
+
+TEST_F(PictureTest, ShortensATitleToTheWidthOfThePage) {
+  const std::string name(200, 'W');
+  writeFile(here.path() / (name + ".fv"), readFile(directory / "loops.fv"));
+  ASSERT_EQ(draw(" " + name + ".fv --page A4 -o long.pdf", here.path()), "exit 0");
+  run("pdftotext long.pdf words.txt");
+  EXPECT_NE(read("words.txt").find("WWW…\n"), std::string::npos) << read("words.txt");
+  EXPECT_EQ(read("words.txt").find(std::string(100, 'W')), std::string::npos);
+}
+
+TEST_F(PictureTest, MayComeFromAFileWhoseNameIsNotUtf8) {
+  writeFile(here.path() /
+                "a\xFF"
+                "b.fv",
+            readFile(directory / "loops.fv"));
+  ASSERT_EQ(draw(" a\xFF"
+                 "b.fv --page A4 -o named.pdf",
+                 here.path()),
+            "exit 0");
+  run("pdftotext named.pdf words.txt; pdfinfo named.pdf >info.txt");
+  EXPECT_NE(read("words.txt").find("a\uFFFDb\n"), std::string::npos) << read("words.txt");
+  EXPECT_NE(read("info.txt").find("a\uFFFDb\n"), std::string::npos) << read("info.txt");
+}
+
 constexpr int questions = 40;
 
 // Questions in a column, each with an answer at its right that leads into another chart.
