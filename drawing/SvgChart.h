@@ -12,8 +12,9 @@
 // the exits, an arrowhead where a line arrives, a cross where a line leads to
 // nothing.
 //
-// Without colour too, what the prepared path passes has heavy lines and double
-// frames, and the place has a heavy frame and a disc on its upper left corner.
+// Without colour too, what the prepared path passes has heavy lines with larger
+// arrowheads and double frames, and the place has a heavy frame and a disc on its
+// upper left corner.
 //
 // Text is text, in the reader's own fonts: it can be searched, copied and read
 // aloud. Frames are measured for wide fonts (see FontWidths.h). What a reader's

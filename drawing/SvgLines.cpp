@@ -55,13 +55,16 @@ std::string bent(SvgPoint from, SvgPoint corner, SvgPoint to, XYDirection first,
          shown(moved(corner, second, radius)) + "L" + shown(to);
 }
 
-// A triangle whose tip is next to the gate.
-std::string head(SvgPoint gate, XYDirection direction) {
+std::int64_t lengthOfHead(bool lit) { return lit ? litHeadLength : headLength; }
+
+// A triangle whose tip is next to the gate. A heavy line has a larger one, or it would hide it.
+std::string head(SvgPoint gate, XYDirection direction, bool lit) {
   const SvgPoint tip = moved(gate, direction, headClearance);
-  const SvgPoint base = moved(tip, direction, headLength);
+  const SvgPoint base = moved(tip, direction, lengthOfHead(lit));
+  const std::int64_t half = lit ? litHeadHalfWidth : headHalfWidth;
   const Step step = stepOf(direction);
-  const SvgPoint left{base.x + step.dy * headHalfWidth, base.y + step.dx * headHalfWidth};
-  const SvgPoint right{base.x - step.dy * headHalfWidth, base.y - step.dx * headHalfWidth};
+  const SvgPoint left{base.x + step.dy * half, base.y + step.dx * half};
+  const SvgPoint right{base.x - step.dy * half, base.y - step.dx * half};
   return "M" + shown(tip) + "L" + shown(left) + "L" + shown(right) + "Z";
 }
 
@@ -80,8 +83,8 @@ void SvgLines::addBoxSide(const Cell& cell, XYDirection direction) {
   const SvgPoint start = gate(svgBoxOf(cell.element), cell.centre(), direction);
   SvgPoint from = start;
   if (side.arrives) {
-    shapes(side.onPath).heads += head(start, direction);
-    from = moved(start, direction, headClearance + headLength - 1);
+    shapes(side.onPath).heads += head(start, direction, side.onPath);
+    from = moved(start, direction, headClearance + lengthOfHead(side.onPath) - 1);
   }
   const SvgPoint to = endOfLine(cell, direction, start);
   shapes(side.onPath).lines += straight(from, to);

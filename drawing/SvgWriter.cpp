@@ -20,7 +20,10 @@ namespace {
 
 using pugi::xml_node;
 
-constexpr const char* fonts = "Verdana, 'DejaVu Sans', 'Segoe UI', Roboto, sans-serif";
+// The fonts of symbols are for the suits: where none is named, telephones look for them among
+// their coloured pictures.
+constexpr const char* fonts =
+    "Verdana, 'DejaVu Sans', 'Segoe UI', Roboto, 'Segoe UI Symbol', 'Apple Symbols', sans-serif";
 
 // Of strokes, in units, as they stand in the file.
 constexpr const char* plainStroke = "1.5";
@@ -134,6 +137,7 @@ class SvgWriter {
       set(lines, "fill", "none");
       set(lines, "stroke", colour);
       set(lines, "stroke-width", stroke);
+      set(lines, "stroke-linecap", "round");  // where lines join at a corner, none is missing
       set(lines, "d", shapes.lines);
     }
     if (shapes.heads.empty()) return;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <pugixml.hpp>
 #include <string>
@@ -122,6 +123,25 @@ TEST_F(SvgChartTest, ShowsThePathByDoubleFramesAndHeavyLinesToo) {
   EXPECT_EQ(count("//g[@id='box-0-1']/g/rect"), 1U);
   EXPECT_EQ(count("//path[@stroke-width='3.5']"), 1U);
   EXPECT_EQ(titles().at(1), "Open. On the path.");
+}
+
+// How wide the first of the arrowheads is that point right in this data: its tip comes first, then
+// the two corners, one above the other.
+int widthOfHead(const char* data) {
+  int tipX = 0, tipY = 0, cornerX = 0, cornerY = 0;
+  EXPECT_EQ(std::sscanf(data, "M%d %dL%d %d", &tipX, &tipY, &cornerX, &cornerY), 4) << data;
+  return 2 * std::abs(cornerY - tipY);
+}
+
+TEST_F(SvgChartTest, GivesHeavyLinesLargerArrowheads) {
+  select(ChartFile().box(0, 0, "12+?", xPlus).box(1, 0, "5+?", xPlus).box(2, 0, "End"), "y");
+  picture();
+  const auto heads = document.select_nodes("//path[not(@stroke)]");
+  ASSERT_EQ(heads.size(), 2U);
+  const int plain = widthOfHead(heads[0].node().attribute("d").value());
+  const int lit = widthOfHead(heads[1].node().attribute("d").value());
+  EXPECT_GE(plain, 6 * 1.5);  // strokes
+  EXPECT_GE(lit, 4 * 3.5);
 }
 
 TEST_F(SvgChartTest, ShowsThePlaceByADiscToo) {
@@ -276,6 +296,14 @@ TEST_F(SvgChartTest, MeetsWhereSeveralLinesJoin) {
   picture();
   EXPECT_EQ(titles(),
             (Titles{"? Yes: Join. No: End. On the path.", "Join.", "End.", "?? Yes: Join."}));
+}
+
+// Strokes that only touch would leave a corner open.
+TEST_F(SvgChartTest, EndsAllStrokesRound) {
+  select(question(), "y");
+  picture();
+  EXPECT_EQ(count("//path[@stroke]"), 2U);
+  EXPECT_EQ(count("//path[@stroke-linecap='round']"), 2U);
 }
 
 TEST_F(SvgChartTest, MakesAnyTextFitForXml) {
