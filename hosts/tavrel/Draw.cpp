@@ -130,8 +130,14 @@ std::optional<GridPlace> enter(Walk& walk, const ChartToDraw& chart,
   return std::nullopt;
 }
 
+// Text has no colours to light the place by: its frame's first corner becomes a mark.
+void markPlace(TextPicture& line, const TextWindow& frame, Charset charset) {
+  line.at(0, static_cast<int>(frame.left)).glyph = charset == Charset::utf8 ? "●" : "*";
+}
+
 // Line by line: a picture of all of them takes much more memory than its text.
-std::string textOf(const Tavrel& navigator, Charset charset) {
+std::string textOf(const Tavrel& navigator, const std::optional<GridPlace>& place,
+                   Charset charset) {
   const TextChart chart(navigator, charset);
   const std::int64_t width = chart.width();
   const std::int64_t height = chart.height();
@@ -139,9 +145,12 @@ std::string textOf(const Tavrel& navigator, Charset charset) {
     throw Failure("the drawing would be " + std::to_string(width) + " characters wide and " +
                   std::to_string(height) + " lines high, which is too large for text; draw an SVG");
   }
+  const TextWindow lit = place ? chart.frameOf(place->x, place->y) : TextWindow{0, -1, 0, 0};
   std::string text;
   for (std::int64_t row = 0; row < height; ++row) {
-    text += chart.paint(navigator, {0, row, static_cast<int>(width), 1}).line(0) + '\n';
+    TextPicture line = chart.paint(navigator, {0, row, static_cast<int>(width), 1});
+    if (row == lit.top) markPlace(line, lit, charset);
+    text += line.line(0) + '\n';
   }
   return text;
 }
@@ -167,7 +176,8 @@ std::string linkExtension(const DrawArguments& arguments, Format format) {
 std::string draw(const Tavrel& navigator, Format format, const SvgOptions& options,
                  const DrawArguments& arguments) {
   if (format == Format::txt) {
-    return textOf(navigator, goesToStandardOutput(arguments) ? localeCharset() : Charset::utf8);
+    return textOf(navigator, options.place,
+                  goesToStandardOutput(arguments) ? localeCharset() : Charset::utf8);
   }
   const SvgChart chart(navigator, options);
   if (format == Format::svg) return chart.svg();

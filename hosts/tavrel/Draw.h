@@ -21,7 +21,8 @@ struct DrawArguments {
 
 /// Draws the chart. The format is that of `format`, or else of the output's extension, or else
 /// SVG. The path is that of the answers; the place is the box at `at`, or else, where there are
-/// answers, the box to which they lead. Returns the exit status: 1 if a source has an error.
+/// answers, the box to which they lead. In text the place has a ●, in ASCII a *, for the upper
+/// left corner of its frame. Returns the exit status: 1 if a source has an error.
 /// Throws Failure for wrong usage, for charts that can't be read and pictures that can't be
 /// made or written.
 int drawChart(const DrawArguments& arguments, const std::optional<std::string>& chartsDirectory);
