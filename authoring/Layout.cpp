@@ -116,10 +116,13 @@ TooManyCells tooManyCells(const Unfolding& tree, std::size_t boxes) {
   return {static_cast<BoxNumber>(most - times.begin()), *most};
 }
 
+// Those that a line should have led to. What stands within their copies, copied too, follows
+// from that.
 std::vector<BoxNumber> repeatedQuestions(const Unfolding& tree, const ChartGraph& graph) {
   std::vector<bool> isRepeated(graph.boxes.size(), false);
   for (const TreeNode& node : tree.nodes()) {
-    if (node.isRepeated) isRepeated[static_cast<std::size_t>(node.box)] = true;
+    const bool isWithin = node.parent != noNode && tree[node.parent].isRepeated;
+    if (node.isRepeated && !isWithin) isRepeated[static_cast<std::size_t>(node.box)] = true;
   }
   std::vector<BoxNumber> boxes;
   for (std::size_t box = 0; box < isRepeated.size(); ++box) {

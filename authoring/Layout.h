@@ -20,7 +20,9 @@ namespace tavrel::authoring {
 
 struct Layout {
   GridChart chart;
-  std::vector<BoxNumber> repeated;  ///< boxes with exits that stand more than once, once each
+  /// Boxes with exits that stand more than once, each once. Those within a repeated part, which
+  /// stand more than once with it, are left out.
+  std::vector<BoxNumber> repeated;
 };
 
 /// A line back to an earlier box for which there is no way.

@@ -164,19 +164,20 @@ std::vector<LineStart> Unfolding::lines() const {
 }
 
 bool Unfolding::repeat(const LineStart& line, std::size_t mostNodes) {
+  if (nodes_.size() >= mostNodes) return false;
   const NodeNumber original = std::exchange(at(line.node).lines[line.answer], noNode);
   const auto first = static_cast<NodeNumber>(nodes_.size());
   std::unordered_map<NodeNumber, NodeNumber> copyOf;
   std::vector<NodeNumber> originals = {original};
   at(line.node).children[line.answer] = copyOf[original] = add((*this)[original].box, line.node);
   for (std::size_t done = 0; done < originals.size(); ++done) {
-    if (nodes_.size() + 2 > mostNodes) return false;
     const NodeNumber copy = first + static_cast<NodeNumber>(done);
     at(copy).isRepeated = true;
     for (const Answer answer : answers) {
       at(copy).lines[answer] = (*this)[originals[done]].lines[answer];
       const NodeNumber child = (*this)[originals[done]].children[answer];
       if (child == noNode || child >= first) continue;
+      if (nodes_.size() >= mostNodes) return false;
       originals.push_back(child);
       at(copy).children[answer] = copyOf[child] = add((*this)[child].box, copy);
     }

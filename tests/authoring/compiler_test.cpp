@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -75,15 +77,36 @@ TEST(Compiler, SaysWhatItRepeats) {
   EXPECT_EQ(found(text), Found{"10:3 T0303"});
 }
 
-TEST(Compiler, NamesTheLineBackThatHasNoWay) {
+// What is said first of questions q0, q1 ... that lead to one another, with these answers beside.
+Diagnostic firstOfQuestions(const std::vector<std::string>& yes) {
   std::string text = "chart: Opening\nstart: q0\nboxes:\n";
-  for (int i = 0; i < 6; ++i) {
-    text += "  q" + std::to_string(i) + ": {text: \"?\", yes: q0, no: q" + std::to_string(i + 1) +
-            "}\n";
+  for (std::size_t i = 0; i < yes.size(); ++i) {
+    text += "  q" + std::to_string(i) + ": {text: \"?\", yes: " + yes[i] + ", no: q" +
+            std::to_string(i + 1) + "}\n";
   }
-  const Found places = found(text + "  q6: {text: \"end\"}\n");
-  ASSERT_EQ(places.size(), 1U);
-  EXPECT_EQ(places[0].substr(places[0].size() - 5), "T0301");
+  text += "  q" + std::to_string(yes.size()) + ": {text: \"end\"}\n";
+  Diagnostics found;
+  EXPECT_FALSE(compile(SourceFile("a.yaml", text), catalogue, found).has_value());
+  EXPECT_EQ(found.sorted().size(), 1U);
+  return found.sorted().front();
+}
+
+TEST(Compiler, NamesBothBoxesOfALineBackThatHasNoWay) {
+  // The root has two exits; two lines back take its other sides.
+  const Diagnostic said = firstOfQuestions({"q4", "q0", "q0", "q0"});
+  EXPECT_EQ(nameOf(said.code), std::string("T0301"));
+  EXPECT_EQ(said.text, "there is no way to draw the line from q3 back to q0");
+  EXPECT_EQ(said.place.line, 7U);
+}
+
+TEST(Compiler, NamesTheBoxRepeatedMost) {
+  std::vector<std::string> yes;
+  for (int i = 0; i < 40; ++i) yes.push_back("q" + std::to_string(std::min(i + 5, 40)));
+  const Diagnostic said = firstOfQuestions(yes);
+  EXPECT_EQ(nameOf(said.code), std::string("T0302"));
+  EXPECT_EQ(said.text.rfind("the chart takes too many cells: q40 would stand there ", 0), 0U)
+      << said.text;
+  EXPECT_EQ(said.place.line, 44U);
 }
 
 TEST(Compiler, WritesNothingOfASourceWithErrors) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <variant>
 #include <vector>
@@ -24,6 +26,11 @@ Layout laidOut(const ChartGraph& graph) {
   }
   EXPECT_EQ(GridCheck(layout->chart, graph).fault(), "");
   return *layout;
+}
+
+std::ptrdiff_t timesOf(BoxNumber box, const Layout& layout) {
+  return std::count_if(layout.chart.boxes.begin(), layout.chart.boxes.end(),
+                       [box](const PlacedBox& each) { return each.box == box; });
 }
 
 Picture picture(const ChartGraph& graph) { return pictureOf(laidOut(graph).chart); }
@@ -105,6 +112,44 @@ TEST(Layout, RepeatsWhatNoLineLeadsTo) {
   EXPECT_EQ(layout.repeated, (std::vector<BoxNumber>{6}));
 }
 
+TEST(Layout, TellsARepeatedPartOnceAndNotWhatItHolds) {
+  // The same with a question behind 6: it stands more than once because 6 does.
+  const Layout layout = laidOut(graphOf(
+      {{6, 1}, {6, 2}, {6, 3}, {6, 4}, {6, 5}, {-1, -1}, {7, 5}, {8, 9}, {-1, -1}, {-1, -1}}));
+  EXPECT_GT(timesOf(7, layout), 1);
+  EXPECT_EQ(layout.repeated, (std::vector<BoxNumber>{6}));
+}
+
+TEST(Layout, TellsARepeatedPartWithinOneThatIsRepeatedByItself) {
+  // 6 and 7 are both led to from everywhere, and 7 is within 6 too.
+  const Layout layout = laidOut(graphOf(
+      {{6, 1}, {6, 2}, {6, 3}, {7, 4}, {7, 5}, {7, -1}, {7, 8}, {8, 9}, {-1, -1}, {-1, -1}}));
+  EXPECT_GT(timesOf(6, layout), 1);
+  EXPECT_GT(timesOf(7, layout), timesOf(6, layout));
+  EXPECT_EQ(layout.repeated, (std::vector<BoxNumber>{6, 7}));
+}
+
+// Questions in a column, so many of which lead back to the root.
+ChartGraph leadingBack(BoxNumber count) {
+  ChartGraph graph = graphOf({{count + 1, 1}});
+  for (BoxNumber box = 1; box <= count; ++box) graph.boxes.push_back({{0, box + 1}, Turn::right});
+  graph.boxes.push_back({});
+  return graph;
+}
+
+TEST(Layout, DrawsTwoLinesBackToTheTwoFreeSidesOfTheRoot) {
+  laidOut(leadingBack(1));
+  laidOut(leadingBack(2));
+}
+
+TEST(Layout, HasNoWayForAThird) {
+  const auto outcome = layOut(leadingBack(3));
+  const auto* const problem = std::get_if<NoWayBack>(&outcome);
+  ASSERT_NE(problem, nullptr);
+  EXPECT_EQ(problem->from, 3);
+  EXPECT_EQ(problem->to, 0);
+}
+
 TEST(Layout, SaysWhichLineBackHasNoWay) {
   // Every box leads back to the root, which has two exits and four sides.
   const auto outcome = layOut(graphOf({{1, 2}, {0, 3}, {0, 4}, {0, 5}, {0, 6}, {0, -1}, {0, -1}}));
@@ -155,6 +200,44 @@ TEST(Layout, EndsWhereCopiesWouldTakeTooManyCells) {
   const auto* const problem = std::get_if<TooManyCells>(&outcome);
   ASSERT_NE(problem, nullptr);
   EXPECT_GT(problem->times, 1U);
+}
+
+// Every question leads to the next, and to the fifth behind it: each can be reached in more ways
+// than the one before.
+ChartGraph forks(BoxNumber count) {
+  ChartGraph graph;
+  for (BoxNumber box = 0; box < count; ++box) {
+    graph.boxes.push_back({{box + 1, box + 5}, Turn::right});
+  }
+  for (int end = 0; end < 5; ++end) graph.boxes.push_back({});
+  return graph;
+}
+
+TEST(Layout, TakesAThousandCellsInASmallChartAndNoMore) {
+  std::size_t mostCells = 0;
+  BoxNumber count = 1;
+  auto outcome = layOut(forks(count));
+  for (; std::holds_alternative<Layout>(outcome) && count < 100; outcome = layOut(forks(++count))) {
+    mostCells = std::max(mostCells, std::get<Layout>(outcome).chart.boxes.size());
+  }
+  const auto boxes = static_cast<std::size_t>(count) + 5;
+  EXPECT_LE(mostCells, 1000U);
+  EXPECT_GT(mostCells, 8 * boxes);
+  const auto* const problem = std::get_if<TooManyCells>(&outcome);
+  ASSERT_NE(problem, nullptr);
+  EXPECT_GE(problem->times * boxes, 1000U);  // no box stands there more often
+}
+
+TEST(Layout, TakesEightCellsForEachBoxOfALargeChart) {
+  // The small chart that needs most, beside others that need one cell each.
+  const auto withMore = [](BoxNumber more) {
+    ChartGraph graph = forks(100);
+    for (; more > 0; --more) graph.boxes.push_back({});
+    return layOut(graph);
+  };
+  const auto times = [](const auto& outcome) { return std::get<TooManyCells>(outcome).times; };
+  EXPECT_EQ(times(withMore(0)), times(withMore(20)));  // 125 boxes: a thousand cells
+  EXPECT_GT(times(withMore(1000)), times(withMore(20)));
 }
 
 TEST(Layout, EndsWhereEveryBoxLeadsBack) {

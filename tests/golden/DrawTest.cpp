@@ -4,8 +4,6 @@
 
 #include <cairo.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -54,14 +52,7 @@ std::vector<Drawing> drawingsListed() {
 std::string draw(const std::string& words, const fs::path& here) {
   const CommandLine command =
       parseCommandLine(wordsOf("tavrel draw --charts " + (golden / "charts").string() + words));
-  const pid_t process = fork();
-  if (process == 0) {
-    alarm(60);
-    become(command, here.string());
-  }
-  int status = 0;
-  EXPECT_EQ(process, waitpid(process, &status, 0));
-  return endNotation(status);
+  return endOf(command, here.string());
 }
 
 class DrawTest : public testing::TestWithParam<Drawing> {};

@@ -5,12 +5,16 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <stdexcept>
 
 namespace tavrel {
 namespace {
 
 // What a process ends with that couldn't become the command.
 constexpr int notStarted = 127;
+
+// After which a command that hangs is ended.
+constexpr unsigned patienceSeconds = 60;
 
 bool isVariable(const Word& word) {
   return !word.isQuoted && word.text.find('=') != std::string::npos;
@@ -57,6 +61,19 @@ void become(const CommandLine& command, const std::string& directory) {
   if (chdir(directory.c_str()) != 0) _exit(notStarted);
   execve(TAVREL_PROGRAM, pointersTo(arguments).data(), pointersTo(environment).data());
   _exit(notStarted);
+}
+
+std::string endOf(const CommandLine& command, const std::string& directory) {
+  const pid_t process = fork();
+  if (process == 0) {
+    alarm(patienceSeconds);
+    become(command, directory);
+  }
+  int status = 0;
+  if (process < 0 || waitpid(process, &status, 0) != process) {
+    throw std::runtime_error("cannot start the command");
+  }
+  return endNotation(status);
 }
 
 std::string endNotation(int status) {

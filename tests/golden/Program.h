@@ -27,6 +27,10 @@ CommandLine parseCommandLine(const std::vector<Word>& words);
 /// ends. Files of the command line are not opened here.
 [[noreturn]] void become(const CommandLine& command, const std::string& directory);
 
+/// Runs the command in the directory, with the streams of this process, and returns how it ended.
+/// One that hangs is ended after a minute.
+std::string endOf(const CommandLine& command, const std::string& directory);
+
 /// How a process ended, in its wait status: `exit 2` or `signal 15`.
 std::string endNotation(int status);
 

@@ -8,6 +8,8 @@ sys.path[:0] = [str(ROOT / "tests/verify")]
 
 import stepkit  # noqa: E402
 
+FOLDERS = {"reference_compare": "reference", "small_worlds": "worlds", "source_trips": "sources"}
+
 
 def program(work: Path, name: str) -> Path:
     """The program's path, built anew where something has changed."""
@@ -17,5 +19,4 @@ def program(work: Path, name: str) -> Path:
     stepkit.run(["cmake", "-S", ROOT, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
                  "-DCMAKE_CXX_FLAGS_RELEASE=-O2", "-DTAVREL_BUILD_TESTS=ON"], work / "cmake.log")
     stepkit.run(["ninja", "-j2", "-C", build, name], work / "build.log")
-    folder = "reference" if name == "reference_compare" else "worlds"
-    return build / "tests" / folder / name
+    return build / "tests" / FOLDERS[name] / name

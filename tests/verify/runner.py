@@ -15,14 +15,15 @@ WORK = Path("build/verify")
 # Seconds on two cores, builds included: of the 20 minutes of a quick run, and of the 150
 # of a full one.
 SHARES = {
-    "reference": (60, 1200),
+    "reference": (60, 900),
     "worlds": (80, 900),
+    "sources": (40, 300),
     "coverage": (120, 120),
     "mutation": (180, 2700),
     "fuzz": (240, 2100),
     "allocations": (40, 180),
     "files": (60, 260),
-    "builds": (280, 1300),
+    "builds": (240, 1300),
     "limits": (60, 120),
     "planted": (80, 120),
 }
