@@ -107,13 +107,13 @@ std::vector<Diagnostic> Diagnostics::sorted() const {
 
 std::string shown(const Diagnostic& diagnostic, const SourceFile& file) {
   const Excerpt excerpt = excerptOf(file.line(diagnostic.place.line), diagnostic.place.column);
-  std::string text = file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
-                     std::to_string(diagnostic.place.column) + ": " +
-                     nameOf(severityOf(diagnostic.code)) + ": " + diagnostic.text + " [" +
-                     nameOf(diagnostic.code) + "]\n";
+  std::string text =
+      file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
+      std::to_string(diagnostic.place.column) + ": " + nameOf(severityOf(diagnostic.code)) + ": " +
+      printable(diagnostic.text, Charset::utf8) + " [" + nameOf(diagnostic.code) + "]\n";
   text += "    " + excerpt.text + "\n";
   text += "    " + std::string(static_cast<std::size_t>(excerpt.before), ' ') + "^\n";
-  if (!diagnostic.cure.empty()) text += "    " + diagnostic.cure + "\n";
+  if (!diagnostic.cure.empty()) text += "    " + printable(diagnostic.cure, Charset::utf8) + "\n";
   return text;
 }
 

@@ -34,6 +34,12 @@ bool isIdCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
 }
 
+// Bytes that no line of a flowchart file may hold, which the escapes of YAML can stand for.
+bool isControl(char byte) {
+  const auto value = static_cast<unsigned char>(byte);
+  return (value < ' ' && byte != '\n') || value == 0x7F;
+}
+
 bool isId(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), isIdCharacter);
 }
@@ -185,13 +191,20 @@ class Reader {
                  "between braces a text has to stand in double quotes", quoteIt);
       return false;
     }
-    if (value.style != Style::plain) return true;
+    if (value.style != Style::plain) return hasNoControls(value);
     const std::string_view line = file_.line(value.place.line);
     const std::size_t comment = commentBehind(line, 0);
     if (comment == std::string_view::npos || line.find_first_not_of(' ') == comment) return true;
     found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(value.place.line) + comment),
                "YAML takes # behind a blank for a comment, and drops what follows",
                std::string(quoteIt) + ", or put the comment on a line of its own");
+    return false;
+  }
+
+  bool hasNoControls(const YamlValue& value) {
+    if (std::none_of(value.text.begin(), value.text.end(), isControl)) return true;
+    found_.add(Code::controlCharacter, value.place,
+               "an escape in this text stands for a control character", "take it away");
     return false;
   }
 

@@ -41,6 +41,16 @@ TEST(Diagnostic, ShowsNothingThatMovesTheCursor) {
             "     ^\n");
 }
 
+// Keys and ids may hold whatever the escapes of YAML stand for.
+TEST(Diagnostic, ShowsNothingThatMovesTheCursorInItsWordsEither) {
+  const SourceFile file("Opening.yaml", "a\n");
+  EXPECT_EQ(shown({Code::unknownKey, {1, 1}, "a box has no k\ney\x1b[31m", "write\ra\xff"}, file),
+            "Opening.yaml:1:1: error: a box has no k\uFFFDey\uFFFD[31m [T0202]\n"
+            "    a\n"
+            "    ^\n"
+            "    write\uFFFDa\uFFFD\n");
+}
+
 TEST(Diagnostics, ComeInTheOrderOfTheirPlaces) {
   Diagnostics found;
   found.add(Code::unknownKey, {2, 1}, "third");

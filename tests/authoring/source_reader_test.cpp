@@ -159,10 +159,20 @@ TEST(SourceReader, DropsNoPartOfATextForAComment) {
   EXPECT_EQ(found(withBox("    text: 5+ HCP#1 suit?\n")), Found{});
 }
 
+// No text of a flowchart file may hold them.
+TEST(SourceReader, TakesNoControlCharactersFromEscapes) {
+  for (const char* escape : {"\\r", "\\t", "\\0", "\\e", "\\x7f"}) {
+    const std::string text = std::string("\"Pass") + escape + "\"\n";
+    EXPECT_EQ(found(withBox("    text: " + text)), Found{"5:11 T0104"}) << text;
+    EXPECT_EQ(found(withBox("    text: Pass\n    comment: " + text)), Found{"6:14 T0104"}) << text;
+    EXPECT_EQ(found("intro: " + text + withBox("    text: Pass\n")), Found{"1:8 T0104"}) << text;
+  }
+  EXPECT_EQ(found(withBox("    text: \"Pa\\nss\\u00e9\"\n")), Found{});
+}
+
 TEST(SourceReader, SaysEverythingThatIsWrongAtOnce) {
-  EXPECT_EQ(
-      found("chart: Nope\nstart: b\ncolor: red\nboxes:\n  a:\n    text: !c x\n    yes: c\n"),
-      (Found{"1:8 T0208", "2:8 T0207", "3:1 T0202", "6:11 T0110", "7:10 T0207"}));
+  EXPECT_EQ(found("chart: Nope\nstart: b\ncolor: red\nboxes:\n  a:\n    text: !c x\n    yes: c\n"),
+            (Found{"1:8 T0208", "2:8 T0207", "3:1 T0202", "6:11 T0110", "7:10 T0207"}));
 }
 
 }  // namespace

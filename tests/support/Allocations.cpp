@@ -10,6 +10,7 @@ std::atomic<std::size_t> count{0};
 std::atomic<std::size_t> bytes{0};
 std::atomic<std::size_t> largest{0};
 std::atomic<std::size_t> inUse{0};
+std::atomic<std::size_t> mostInUse{0};
 
 // In front of every block, its size; as large as the strictest alignment.
 constexpr std::size_t header = alignof(std::max_align_t);
@@ -22,7 +23,8 @@ void* allocate(std::size_t size) noexcept {
   ++count;
   bytes += size;
   if (size > largest) largest = size;
-  inUse += size;
+  const std::size_t now = inUse += size;
+  if (now > mostInUse) mostInUse = now;
   *static_cast<std::size_t*>(memory) = size;
   return static_cast<char*>(memory) + header;
 }
@@ -57,5 +59,7 @@ namespace tavrel {
 Cost takeCost() { return {count.exchange(0), bytes.exchange(0), largest.exchange(0)}; }
 
 std::size_t bytesInUse() { return inUse; }
+
+std::size_t takeMostInUse() { return mostInUse.exchange(inUse); }
 
 }  // namespace tavrel

@@ -26,6 +26,9 @@ Cost costOf(Call&& call) {
 /// The bytes that are allocated and not freed.
 std::size_t bytesInUse();
 
+/// The most of them that there were at any time since the last call.
+std::size_t takeMostInUse();
+
 /// Makes allocations fail with std::bad_alloc until destroyed. One at a time.
 class FailingAllocations {
  public:

@@ -38,6 +38,14 @@ TEST_F(Allocations, AreCounted) {
   EXPECT_EQ(bytesInUse(), before);
 }
 
+TEST_F(Allocations, KnowTheMostThatWasInUse) {
+  takeMostInUse();
+  const std::size_t before = bytesInUse();
+  for (int i = 0; i < 3; ++i) ::operator delete(::operator new(1000));
+  EXPECT_EQ(takeMostInUse(), before + 1000);
+  EXPECT_EQ(takeMostInUse(), before);
+}
+
 TEST_F(Allocations, FindingMakesNone) {
   select(grid(20));
   std::int32_t found = 0;
