@@ -141,24 +141,21 @@ class Search {
 
 }  // namespace
 
+Line straightLine(Cell from, Direction exit, std::int32_t distance) {
+  Line line = {exit, {}};
+  for (std::int32_t i = 1; i < distance; ++i) {
+    line.connectors.push_back({moved(from, exit, i), exit, exit});
+  }
+  return line;
+}
+
 void Router::take(Cell cell) {
   taken_.insert(cell);
   area_.least = {std::min(area_.least.x, cell.x), std::min(area_.least.y, cell.y)};
   area_.most = {std::max(area_.most.x, cell.x), std::max(area_.most.y, cell.y)};
 }
 
-void Router::addBox(Cell cell) { take(cell); }
-
-Line Router::straight(Cell from, Direction exit, std::int32_t distance) {
-  Line line = {exit, {}};
-  for (std::int32_t i = 1; i < distance; ++i) {
-    line.connectors.push_back({moved(from, exit, i), exit, exit});
-    take(line.connectors.back().cell);
-  }
-  return line;
-}
-
-Line Router::route(Cell from, Cell to, Direction wanted) {
+Line Router::route(Cell from, Cell to, Direction wanted, const std::vector<Direction>& exits) {
   const Area within = {{area_.least.x - 2, area_.least.y - 2},
                        {area_.most.x + 2, area_.most.y + 2}};
   const auto isOpen = [&](Cell cell) {
@@ -171,7 +168,7 @@ Line Router::route(Cell from, Cell to, Direction wanted) {
   }
   for (const Crossing crossing : {Crossing::tried, Crossing::excluded}) {
     Search search(to, std::min(mostSteps_, stepsLeft_), crossing);
-    for (const Direction exit : directions) {
+    for (const Direction exit : exits) {
       if (isOpen(moved(from, exit))) search.start(moved(from, exit), exit, exit == wanted);
     }
     const bool isFound = search.run(isOpen);
