@@ -8,6 +8,7 @@
 #include <tuple>
 #include <utility>
 
+#include "authoring/Faces.h"
 #include "authoring/Router.h"
 #include "authoring/TreeLayout.h"
 #include "authoring/Unfolding.h"
@@ -21,7 +22,7 @@ constexpr Spacing withLines = {2, 2, 2};
 constexpr std::size_t leastCellsAllowed = 1000;
 constexpr std::size_t mostCellsPerBox = 8;
 
-constexpr std::size_t fewBoxes = 1000;
+constexpr std::size_t fewNodes = 2000;
 constexpr std::size_t mostStepsOfFew = 200'000;
 constexpr std::size_t mostStepsOfMany = 10'000;
 constexpr std::size_t leastStepsInAll = 4'000'000;  // of all searches together
@@ -33,28 +34,32 @@ class Drawing {
   Drawing(const ChartGraph& graph, const Unfolding& tree, std::size_t& stepsLeft)
       : graph_(graph),
         tree_(tree),
-        cells_(treeLayout(tree, graph, tree.lines().empty() ? inTrees : withLines)),
-        router_(tree.nodes().size() <= fewBoxes ? mostStepsOfFew : mostStepsOfMany, stepsLeft) {
-    for (const Cell& cell : cells_) router_.addBox(cell);
+        lines_(tree.lines()),
+        cells_(treeLayout(tree, graph, lines_.empty() ? inTrees : withLines)),
+        router_(tree.nodes().size() <= fewNodes ? mostStepsOfFew : mostStepsOfMany, stepsLeft),
+        faces_(lines_.empty() ? 0 : cells_.size()) {
     for (std::size_t node = 0; node < cells_.size(); ++node) {
       chart_.boxes.push_back({tree_.nodes()[node].box, cells_[node], {}});
       chart_.boxes.back().exits = {Direction::none, Direction::none};
     }
     drawTree();
+    if (!lines_.empty()) prepareLines();
   }
 
   // Draws the lines, those in `first` before all others. Returns those that have no way.
   std::vector<LineStart> drawLines(const std::set<LineStart>& first) {
     std::vector<LineStart> missing;
     for (const LineStart& line : inOrder(first)) {
-      const Cell from = cellOf(line.node);
-      const Cell to = cellOf(tree_[line.node].lines[line.answer]);
-      const Line drawn = router_.route(from, to, wantedOf(line));
+      const NodeNumber to = targetOf(line);
+      const Line drawn =
+          router_.route(cellOf(line.node), cellOf(to), wantedOf(line), exitsOf(line));
       if (drawn.exit == Direction::none) {
         missing.push_back(line);
-      } else {
-        put(line, drawn);
+        continue;
       }
+      put(line, drawn);
+      const Direction arrival = drawn.connectors.back().outOf;
+      faces_.divide({line.node, drawn.exit}, {to, opposite(arrival)});
     }
     return missing;
   }
@@ -64,8 +69,19 @@ class Drawing {
  private:
   Cell cellOf(NodeNumber node) const { return cells_[static_cast<std::size_t>(node)]; }
 
+  NodeNumber targetOf(const LineStart& line) const { return tree_[line.node].lines[line.answer]; }
+
   Direction wantedOf(const LineStart& line) const {
     return directionOf(line.answer, graph_[tree_[line.node].box].turn);
+  }
+
+  // Those from which no line lies between the two boxes.
+  std::vector<Direction> exitsOf(const LineStart& line) const {
+    std::vector<Direction> exits;
+    for (const Direction exit : directions) {
+      if (faces_.meet({line.node, exit}, targetOf(line))) exits.push_back(exit);
+    }
+    return exits;
   }
 
   void put(const LineStart& line, const Line& drawn) {
@@ -81,8 +97,20 @@ class Drawing {
         if (child == noNode) continue;
         const Cell from = cellOf(node), to = cellOf(child);
         const LineStart line = {node, answer, false};
-        put(line, router_.straight(from, wantedOf(line), to.x - from.x + to.y - from.y));
+        put(line, straightLine(from, wantedOf(line), to.x - from.x + to.y - from.y));
       }
+    }
+  }
+
+  // What stands on the grid already. A tree alone needs nothing of it.
+  void prepareLines() {
+    for (const Cell& cell : cells_) router_.take(cell);
+    for (const PlacedConnector& connector : chart_.connectors) router_.take(connector.cell);
+    for (NodeNumber node = 1; node < static_cast<NodeNumber>(cells_.size()); ++node) {
+      const NodeNumber parent = tree_[node].parent;
+      const bool isBeside = cellOf(parent).y == cellOf(node).y;
+      const Direction side = isBeside ? Direction::right : Direction::down;
+      faces_.hang({parent, side}, {node, opposite(side)});
     }
   }
 
@@ -90,8 +118,8 @@ class Drawing {
   std::vector<LineStart> inOrder(const std::set<LineStart>& first) const {
     using Rank = std::tuple<bool, bool, std::int64_t>;
     std::vector<std::pair<Rank, LineStart>> ranked;
-    for (const LineStart& line : tree_.lines()) {
-      const Cell from = cellOf(line.node), to = cellOf(tree_[line.node].lines[line.answer]);
+    for (const LineStart& line : lines_) {
+      const Cell from = cellOf(line.node), to = cellOf(targetOf(line));
       const auto distance = std::int64_t{std::abs(from.x - to.x)} + std::abs(from.y - to.y);
       ranked.push_back({{first.count(line) == 0, !line.isLoop, distance}, line});
     }
@@ -104,8 +132,10 @@ class Drawing {
 
   const ChartGraph& graph_;
   const Unfolding& tree_;
+  std::vector<LineStart> lines_;
   std::vector<Cell> cells_;
   Router router_;
+  Faces faces_;
   GridChart chart_;
 };
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <queue>
+#include <utility>
 #include <vector>
 
 namespace tavrel::authoring {
@@ -53,19 +55,23 @@ class Search {
 
   // `isFree` says whether a line may pass a cell. REQUIRES: those started from are free.
   template <typename IsFree>
-  bool run(const IsFree& isFree) {
+  void run(const IsFree& isFree) {
     while (!open_.empty() && settled_.size() < mostSteps_) {
       end_ = open_.top().place;
       open_.pop();
       const Step step = steps_[end_];
       if (!settle(step)) continue;
-      if (step.cell == to_) return true;
+      isFound_ = step.cell == to_;
+      if (isFound_) return;
       goOn(step, isFree);
     }
-    return false;
   }
 
+  bool isFound() const { return isFound_; }
+
   std::size_t steps() const { return settled_.size(); }
+
+  Cost cost() const { return isFound_ ? steps_[end_].cost : std::numeric_limits<Cost>::max(); }
 
   // After a successful run: whether the line comes to a cell twice.
   bool crossesItself() const {
@@ -136,10 +142,19 @@ class Search {
   std::vector<Step> steps_;
   std::priority_queue<Open> open_;
   CellSet settled_;
+  bool isFound_ = false;
   std::size_t end_ = 0;  // the step that was looked at last
 };
 
 }  // namespace
+
+Line straightLine(Cell from, Direction exit, std::int32_t distance) {
+  Line line = {exit, {}};
+  for (std::int32_t i = 1; i < distance; ++i) {
+    line.connectors.push_back({moved(from, exit, i), exit, exit});
+  }
+  return line;
+}
 
 void Router::take(Cell cell) {
   taken_.insert(cell);
@@ -147,18 +162,7 @@ void Router::take(Cell cell) {
   area_.most = {std::max(area_.most.x, cell.x), std::max(area_.most.y, cell.y)};
 }
 
-void Router::addBox(Cell cell) { take(cell); }
-
-Line Router::straight(Cell from, Direction exit, std::int32_t distance) {
-  Line line = {exit, {}};
-  for (std::int32_t i = 1; i < distance; ++i) {
-    line.connectors.push_back({moved(from, exit, i), exit, exit});
-    take(line.connectors.back().cell);
-  }
-  return line;
-}
-
-Line Router::route(Cell from, Cell to, Direction wanted) {
+Line Router::route(Cell from, Cell to, Direction wanted, const std::vector<Direction>& exits) {
   const Area within = {{area_.least.x - 2, area_.least.y - 2},
                        {area_.most.x + 2, area_.most.y + 2}};
   const auto isOpen = [&](Cell cell) {
@@ -169,20 +173,28 @@ Line Router::route(Cell from, Cell to, Direction wanted) {
                    [&](Direction side) { return isOpen(moved(to, side)); })) {
     return {};
   }
-  for (const Crossing crossing : {Crossing::tried, Crossing::excluded}) {
+  const auto searched = [&](const std::vector<Direction>& some, Crossing crossing) {
     Search search(to, std::min(mostSteps_, stepsLeft_), crossing);
-    for (const Direction exit : directions) {
+    for (const Direction exit : some) {
       if (isOpen(moved(from, exit))) search.start(moved(from, exit), exit, exit == wanted);
     }
-    const bool isFound = search.run(isOpen);
+    search.run(isOpen);
     stepsLeft_ -= search.steps();
-    if (!isFound) return {};
-    if (search.crossesItself()) continue;
-    Line line = search.line();
-    for (const PlacedConnector& connector : line.connectors) take(connector.cell);
-    return line;
+    return search;
+  };
+  Search best = searched(exits, Crossing::tried);
+  if (best.isFound() && best.crossesItself()) {
+    best = searched({}, Crossing::excluded);
+    // One by one: a line from a box to itself ends where another exit would have started.
+    for (const Direction exit : exits) {
+      Search search = searched({exit}, Crossing::excluded);
+      if (search.cost() < best.cost()) best = std::move(search);
+    }
   }
-  return {};
+  if (!best.isFound()) return {};
+  Line line = best.line();
+  for (const PlacedConnector& connector : line.connectors) take(connector.cell);
+  return line;
 }
 
 }  // namespace tavrel::authoring

@@ -20,6 +20,9 @@ struct Line {
   std::vector<PlacedConnector> connectors;
 };
 
+/// A straight line from a box to the one `distance` cells further.
+Line straightLine(Cell from, Direction exit, std::int32_t distance);
+
 /// A grid that fills with boxes and lines. Nothing on it ever crosses or touches another.
 class Router {
  public:
@@ -27,15 +30,12 @@ class Router {
   Router(std::size_t mostSteps, std::size_t& stepsLeft)
       : mostSteps_(mostSteps), stepsLeft_(stepsLeft) {}
 
-  void addBox(Cell cell);
+  /// Puts a box, or a cell of a line, where nothing can pass any more.
+  void take(Cell cell);
 
-  /// A straight line from a box to the one `distance` cells further. REQUIRES: the cells
-  /// between are free.
-  Line straight(Cell from, Direction exit, std::int32_t distance);
-
-  /// The best line there is now, its cells taken; `wanted` is the exit of several that are as
-  /// good. No line where none is found.
-  Line route(Cell from, Cell to, Direction wanted);
+  /// The best line there is now by one of `exits`, its cells taken; `wanted` is the exit of
+  /// several that are as good. No line where none is found.
+  Line route(Cell from, Cell to, Direction wanted, const std::vector<Direction>& exits);
 
  private:
   struct Area {
@@ -43,7 +43,6 @@ class Router {
   };
 
   bool isFree(Cell cell) const { return !taken_.holds(cell); }
-  void take(Cell cell);
 
   std::size_t mostSteps_;
   std::size_t& stepsLeft_;

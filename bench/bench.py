@@ -3,7 +3,7 @@
     scripts/bench [--write | NAME...]
 
 Installs what is missing, builds the preset "bench" and runs its programs, all or
-those named: read, find, rectangle, move, redraw, start, allocations. Exit status 1
+those named: read, find, rectangle, move, redraw, start, allocations, layout. Exit status 1
 says that a bar was missed, 2 that it could not measure. --write also puts the tables
 into docs/performance.md. TAVREL_BENCH_BUILD=FOLDER in the environment takes the
 programs of a build that is there already.
@@ -24,13 +24,15 @@ ROOT = Path(__file__).resolve().parent.parent
 sys.dont_write_bytecode = True  # no traces in the checkout
 sys.path.insert(0, str(ROOT / "tests/verify"))
 
+import layout_quality  # noqa: E402
 from stepkit import write_whole  # noqa: E402
 from tree import Tree  # noqa: E402
 
 DOCUMENT = ROOT / "docs" / "performance.md"
-NAMES = ["read", "find", "rectangle", "move", "redraw", "start", "allocations"]
-PEERS = ["libsimdjson-dev", "rapidjson-dev", "nlohmann-json3-dev", "libboost1.81-dev"]
-TOOLS = ["cmake", "g++", "ninja-build"]
+NAMES = ["read", "find", "rectangle", "move", "redraw", "start", "allocations", "layout"]
+PEERS = ["libsimdjson-dev", "rapidjson-dev", "nlohmann-json3-dev", "libboost1.81-dev",
+         "graphviz"]
+TOOLS = ["cmake", "g++", "ninja-build", "libutf8proc-dev", "libyaml-cpp-dev"]
 HEADINGS = ["question", "contestant", "median", "quartiles", "Tavrel, to it", "bar", "met"]
 
 
@@ -111,14 +113,19 @@ def cells(row: Row) -> list[str]:
 
 
 def table(rows: list[Row]) -> str:
-    """In Markdown, its columns aligned. A question is written once, not in each row."""
-    lines = [HEADINGS]
+    """A question is written once, not in each row."""
+    lines = []
     for row in rows:
         line = cells(row)
         if row.rival != "itself":
             line[0] = ""
         lines.append(line)
-    widths = [max(len(line[column]) for line in lines) for column in range(len(HEADINGS))]
+    return aligned([HEADINGS, *lines])
+
+
+def aligned(lines: list[list[str]]) -> str:
+    """In Markdown, the first line a heading."""
+    widths = [max(len(line[column]) for line in lines) for column in range(len(lines[0]))]
     lines.insert(1, ["-" * width for width in widths])
     padded = (" | ".join(f"{cell:<{width}}" for cell, width in zip(line, widths)) for line in lines)
     return "\n".join(f"| {line} |" for line in padded)
@@ -233,10 +240,14 @@ def main() -> int:
         rows = {name: measure(programs / f"{name}_bench")
                 for name in NAMES if name in (asked.names or NAMES)}
         print(table([row for part in rows.values() for row in part]))
+        sections = {name: table(part) for name, part in rows.items()}
+        if "layout" in rows:
+            quality = layout_quality.rows(programs / "layout_bench")
+            sections["layout-quality"] = aligned([layout_quality.HEADINGS, *quality])
+            print(f"\n{sections['layout-quality']}")
         if asked.write:
-            sections = {name: table(part) for name, part in rows.items()}
             write({"circumstances": circumstances(programs, commit), **sections})
-    except (CannotMeasure, OSError) as error:
+    except (CannotMeasure, OSError, subprocess.CalledProcessError) as error:
         print(f"scripts/bench: {error}", file=sys.stderr)
         return 2
     missed = [row for part in rows.values() for row in part if row.is_met is False]

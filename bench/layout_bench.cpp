@@ -1,9 +1,11 @@
-// How good is the layout of a chart, and how long does it take? Generated charts, trees and
-// such with shared boxes.
+// How long does the layout of a chart take, and how good is it? Charts of the tree, and
+// generated ones: trees, and such in which one box in ten has a further exit, to any box behind.
 //
-//     layout_bench             a line for each chart: see print
+//     layout_bench [SECONDS]   contests, as in the other programs
+//     layout_bench --quality   a line for each chart: see printQuality
 //     layout_bench --dot NAME  the chart for graphviz's dot, its boxes of the same size
 
+#include <Tavrel/Tavrel.h>
 #include <time.h>
 
 #include <algorithm>
@@ -11,13 +13,17 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <variant>
 #include <vector>
 
 #include "authoring/Layout.h"
+#include "authoring/SourceReader.h"
+#include "bench/Contest.h"
+#include "bench/WholeFile.h"
 #include "tests/authoring/RandomGraph.h"
 
 namespace tavrel::bench {
@@ -25,30 +31,68 @@ namespace {
 
 using namespace authoring;
 
+constexpr double seconds = 1;
+constexpr double mostForTree = 100e6, mostWithSharing = 1e9;  // nanoseconds, of 10,000 boxes
+
 struct Input {
   std::string name;
-  std::size_t boxes;
-  std::size_t shareEvery;
+  ChartGraph graph;
 };
 
-const std::vector<Input> inputs = {{"tree-60", 60, 0},        {"shared-60", 60, 10},
-                                   {"tree-360", 360, 0},      {"shared-360", 360, 10},
-                                   {"tree-1000", 1000, 0},    {"shared-1000", 1000, 10},
-                                   {"tree-10000", 10'000, 0}, {"shared-10000", 10'000, 10}};
-
-ChartGraph graphOf(const Input& input) {
-  return randomGraph(input.boxes, input.shareEvery, false, 20'240'229);
+ChartGraph generated(std::size_t boxes, bool isShared) {
+  return randomGraph(boxes, isShared ? 10 : 0, false, 20'240'229);
 }
 
-// What the picture of a chart measures whose boxes are all alike: 24 characters and 3 lines.
-// A column is as wide as its boxes, and columns keep 7.5 characters between them; rows 1 line.
-constexpr double boxWidth = 24, boxHeight = 3, columnGap = 7.5, rowGap = 1;
+Catalogue catalogue() {
+  Tavrel navigator("/dev/null");
+  Catalogue names;
+  for (std::size_t i = 0; i < navigator.flowchartTitles().size(); ++i) {
+    navigator.resetToStartLocationForFlowchartAtIndex(static_cast<std::int64_t>(i));
+    names.push_back(std::get<0>(navigator.currentLocation()));
+  }
+  return names;
+}
+
+std::vector<Input> chartsOfTheTree() {
+  std::vector<std::filesystem::path> paths;
+  for (const auto& entry : std::filesystem::directory_iterator(TAVREL_BENCH_SOURCES)) {
+    if (entry.path().extension() == ".yaml") paths.push_back(entry.path());
+  }
+  std::sort(paths.begin(), paths.end());
+  const Catalogue names = catalogue();
+  std::vector<Input> charts;
+  for (const auto& path : paths) {
+    Diagnostics found;
+    const WholeFile file = wholeFile(path.string());
+    const auto source =
+        readSource(SourceFile(path.string(), {file.begin(), file.end()}), names, found);
+    if (!source) std::exit(2);
+    charts.push_back({source->chart, source->graph()});
+  }
+  return charts;
+}
+
+std::vector<Input> inputs() {
+  std::vector<Input> all = chartsOfTheTree();
+  for (const std::size_t boxes : {60U, 360U, 1'000U, 10'000U}) {
+    for (const bool isShared : {false, true}) {
+      const std::string name = std::to_string(boxes) + (isShared ? "-shared" : "-tree");
+      all.push_back({name, generated(boxes, isShared)});
+    }
+  }
+  return all;
+}
+
+// What the picture of a chart measures whose boxes are all alike: 24 characters and 3 lines, a
+// line as high as two characters are wide. A column is as wide as its boxes, and columns keep
+// 7.5 characters between them; rows 1 line. All in widths of a character.
+constexpr double boxWidth = 24, boxHeight = 6, columnGap = 7.5, rowGap = 2;
 
 struct Measures {
-  double width = 0, height = 0;  // in boxes
-  double length = 0;             // of all lines, in box widths
+  double width = 0, height = 0;  // in box widths and box heights
+  double length = 0;             // of all lines, outside of boxes, in box widths
   std::size_t bends = 0;
-  std::size_t cells = 0, emptyCells = 0;
+  std::size_t emptyCells = 0;  // of the rectangle that holds the chart
 };
 
 // The distance from one column or row to the next, by which of them hold boxes.
@@ -64,22 +108,21 @@ class Scale {
     return sum + gap_ * static_cast<double>(holdsBox_.size() - 1);
   }
 
-  // From the middle of a cell to that of a neighbour.
-  double step(std::int32_t from, std::int32_t to) const {
-    return (sizeOf(from) + sizeOf(to)) / 2 + gap_;
-  }
+  double gap() const { return gap_; }
 
   std::size_t count() const { return holdsBox_.size(); }
 
- private:
   double sizeOf(std::int32_t cell) const {
     const auto found = holdsBox_.find(cell);
     return found != holdsBox_.end() && found->second ? box_ : 0;
   }
 
+ private:
   double box_, gap_;
   std::map<std::int32_t, bool> holdsBox_;
 };
+
+bool isAcross(Direction way) { return way == Direction::right || way == Direction::left; }
 
 Measures measured(const GridChart& chart) {
   Scale columns(boxWidth, columnGap), rows(boxHeight, rowGap);
@@ -90,25 +133,32 @@ Measures measured(const GridChart& chart) {
     rows.add(connector.cell.y, false);
   }
   Measures all;
-  const auto addStep = [&](Cell from, Direction direction) {
-    const Cell to = moved(from, direction);
-    all.length += from.y == to.y ? columns.step(from.x, to.x) : rows.step(from.y, to.y);
+  const auto gapAlong = [&](Direction way) { return (isAcross(way) ? columns : rows).gap(); };
+  const auto halfAlong = [&](Direction way, Cell cell) {
+    return (isAcross(way) ? columns.sizeOf(cell.x) : rows.sizeOf(cell.y)) / 2;
   };
   for (const PlacedBox& box : chart.boxes) {
     for (const Answer answer : answers) {
-      if (box.exits[answer] != Direction::none) addStep(box.cell, box.exits[answer]);
+      if (box.exits[answer] != Direction::none) all.length += gapAlong(box.exits[answer]);
     }
   }
-  for (const PlacedConnector& connector : chart.connectors) {
-    addStep(connector.cell, connector.outOf);
-    all.bends += connector.into != connector.outOf ? 1U : 0U;
+  for (const PlacedConnector& each : chart.connectors) {
+    all.length += halfAlong(each.into, each.cell) + halfAlong(each.outOf, each.cell);
+    all.length += gapAlong(each.outOf);
+    all.bends += each.into != each.outOf ? 1U : 0U;
   }
   all.width = columns.length() / boxWidth;
   all.height = rows.length() / boxHeight;
   all.length /= boxWidth;
-  all.cells = chart.boxes.size() + chart.connectors.size();
-  all.emptyCells = columns.count() * rows.count() - all.cells;
+  all.emptyCells = columns.count() * rows.count() - chart.boxes.size() - chart.connectors.size();
   return all;
+}
+
+GridChart laidOut(const ChartGraph& graph) {
+  auto outcome = layOut(graph);
+  auto* const layout = std::get_if<Layout>(&outcome);
+  if (layout == nullptr) std::exit(2);
+  return layout->chart;
 }
 
 double processorMilliseconds() {
@@ -117,40 +167,48 @@ double processorMilliseconds() {
   return 1e3 * static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_nsec);
 }
 
-// Name, boxes drawn, width, height, length, bends, cells, empty cells, milliseconds (median).
-void print(const Input& input) {
+double millisecondsFor(const ChartGraph& graph) {
   constexpr std::size_t rounds = 9;
-  const ChartGraph graph = graphOf(input);
   std::vector<double> times;
-  GridChart chart;
   for (std::size_t round = 0; round < rounds; ++round) {
     const double start = processorMilliseconds();
-    auto outcome = layOut(graph);
+    keep(laidOut(graph).boxes.data());
     times.push_back(processorMilliseconds() - start);
-    auto* const layout = std::get_if<Layout>(&outcome);
-    if (layout == nullptr) std::exit(2);
-    chart = std::move(layout->chart);
   }
   std::sort(times.begin(), times.end());
-  const Measures all = measured(chart);
-  std::printf("%s\t%zu\t%.1f\t%.1f\t%.1f\t%zu\t%zu\t%zu\t%.3f\n", input.name.c_str(),
-              chart.boxes.size(), all.width, all.height, all.length, all.bends, all.cells,
-              all.emptyCells, times[rounds / 2]);
+  return times[rounds / 2];
 }
 
-// A character is a tenth of an inch wide, a line a fifth high.
+// Name, boxes, boxes drawn, width, height, length of lines, bends, empty cells, milliseconds.
+void printQuality(const Input& input) {
+  const GridChart chart = laidOut(input.graph);
+  const Measures all = measured(chart);
+  std::printf("%s\t%zu\t%zu\t%.1f\t%.1f\t%.1f\t%zu\t%zu\t%.4f\n", input.name.c_str(),
+              input.graph.boxes.size(), chart.boxes.size(), all.width, all.height, all.length,
+              all.bends, all.emptyCells, millisecondsFor(input.graph));
+}
+
+// A character is a tenth of an inch wide.
 void printDot(const Input& input) {
-  const ChartGraph graph = graphOf(input);
   std::printf("digraph chart {\nnode [shape=box fixedsize=true width=%g height=%g label=\"\"]\n",
-              boxWidth / 10, boxHeight / 5);
-  std::printf("nodesep=%g\nranksep=%g\n", columnGap / 10, rowGap / 5);
-  for (std::size_t box = 0; box < graph.boxes.size(); ++box) {
+              boxWidth / 10, boxHeight / 10);
+  std::printf("nodesep=%g\nranksep=%g\n", columnGap / 10, rowGap / 10);
+  for (std::size_t box = 0; box < input.graph.boxes.size(); ++box) {
+    std::printf("%zu\n", box);
     for (const Answer answer : answers) {
-      const BoxNumber next = graph.boxes[box].exits[answer];
+      const BoxNumber next = input.graph.boxes[box].exits[answer];
       if (next != noBox) std::printf("%zu -> %d\n", box, next);
     }
   }
   std::printf("}\n");
+}
+
+void contest(std::size_t boxes, bool isShared, double time) {
+  const ChartGraph graph = generated(boxes, isShared);
+  const double bar = boxes != 10'000 ? noBar : isShared ? mostWithSharing : mostForTree;
+  compete(
+      {isShared ? "lay out, 10 % shared" : "lay out a tree", std::to_string(boxes) + " boxes", 1},
+      {{"Tavrel", Rival::itself, bar, [&graph] { keep(laidOut(graph).boxes.data()); }}}, time);
 }
 
 }  // namespace
@@ -158,9 +216,20 @@ void printDot(const Input& input) {
 
 int main(int argc, char** argv) {
   using namespace tavrel::bench;
-  const std::string wanted = argc == 3 && std::string(argv[1]) == "--dot" ? argv[2] : "";
-  for (const Input& input : inputs) {
-    if (argc == 1) print(input);
-    if (input.name == wanted) printDot(input);
+  const std::string asked = argc > 1 ? argv[1] : "";
+  if (asked == "--quality") {
+    for (const Input& input : inputs()) printQuality(input);
+  } else if (asked == "--dot" && argc == 3) {
+    for (const Input& input : inputs()) {
+      if (input.name == argv[2]) printDot(input);
+    }
+  } else {
+    const double time = secondsAsked(argc, argv, seconds);
+    keepFreedMemory();
+    for (const bool isShared : {false, true}) {
+      for (const std::size_t boxes : {1'000U, 2'500U, 5'000U, 10'000U, 20'000U}) {
+        contest(boxes, isShared, time);
+      }
+    }
   }
 }

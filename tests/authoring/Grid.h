@@ -110,6 +110,20 @@ class GridCheck {
     if (end == boxes_.end()) return fail("into nothing", at);
     if (chart_.boxes[end->second].box != wanted) return fail("another box", at);
     if (!arrivals_.insert({{at.x, at.y}, direction}).second) fail("two lines at one side", at);
+    followBack(at, direction, box.cell);
+  }
+
+  // From the side at which a line arrives, against its direction, to the box where it starts.
+  void followBack(Cell at, Direction direction, Cell start) {
+    at = moved(at, opposite(direction));
+    for (auto found = connectors_.find({at.x, at.y}); found != connectors_.end();
+         found = connectors_.find({at.x, at.y})) {
+      const PlacedConnector& connector = chart_.connectors[found->second];
+      if (connector.outOf != direction) return fail("another line's way back", at);
+      direction = connector.into;
+      at = moved(at, opposite(direction));
+    }
+    if (at != start) fail("back to another box", at);
   }
 
   const GridChart& chart_;

@@ -5,7 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <random>
+#include <set>
+#include <tuple>
+#include <utility>
 #include <variant>
+#include <vector>
 
 #include "authoring/Layout.h"
 #include "tests/authoring/Grid.h"
@@ -58,42 +63,162 @@ TEST(RandomLayout, IsAlwaysTheSame) {
   EXPECT_EQ(pictureOf(first), pictureOf(second));
 }
 
-std::map<BoxNumber, Cell> cellsOf(const ChartGraph& graph) {
-  const GridChart chart = std::get<Layout>(layOut(graph)).chart;
-  std::map<BoxNumber, Cell> cells;
-  for (const PlacedBox& box : chart.boxes) cells[box.box] = box.cell;
-  return cells;
-}
-
-// For each box the one it hangs from, in a tree.
-std::map<BoxNumber, BoxNumber> parentsOf(const ChartGraph& graph) {
-  std::map<BoxNumber, BoxNumber> parents;
-  for (BoxNumber box = 0; box < static_cast<BoxNumber>(graph.boxes.size()); ++box) {
-    for (const Answer answer : answers) parents[graph[box].exits[answer]] = box;
-  }
-  return parents;
-}
-
-TEST(RandomLayout, KeepsEverySubtreeThatAnAddedEndIsNotIn) {
-  for (std::uint32_t seed = 0; seed < 50; ++seed) {
-    const ChartGraph before = randomGraph(40, 0, false, seed);
-    ChartGraph after = before;
-    const auto end = static_cast<BoxNumber>(before.boxes.size());
-    BoxNumber place = static_cast<BoxNumber>(seed % 40);
-    while (!before[place].isEnd())
-      place = before[place].exits[before[place].exits.yes != noBox ? Answer::yes : Answer::no];
-    after.boxes[static_cast<std::size_t>(place)].exits.yes = end;
-    after.boxes.push_back({});
-    auto parents = parentsOf(before);
-    std::map<BoxNumber, bool> holdsTheEnd;
-    for (BoxNumber box = place; box != 0; box = parents[box]) holdsTheEnd[box] = true;
-    auto were = cellsOf(before), are = cellsOf(after);
-    for (BoxNumber box = 1; box < end; ++box) {
-      const BoxNumber parent = parents[box];
-      if (parent == 0 || holdsTheEnd[parent]) continue;
-      EXPECT_EQ(are[box].x - are[parent].x, were[box].x - were[parent].x) << "seed " << seed;
-      EXPECT_EQ(are[box].y - are[parent].y, were[box].y - were[parent].y) << "seed " << seed;
+// Charts of the sizes for which docs/performance.md has the figures.
+TEST(RandomLayout, OfAnySizeHoldsTogether) {
+  for (const std::size_t boxes : {60U, 360U, 1'000U, 10'000U}) {
+    for (const std::size_t shareEvery : {0U, 10U}) {
+      const ChartGraph graph = randomGraph(boxes, shareEvery, false, 7);
+      const GridChart chart = std::get<Layout>(layOut(graph)).chart;
+      ASSERT_EQ(GridCheck(chart, graph).fault(), "") << boxes << " boxes";
     }
+  }
+}
+
+// By whichever compiler and library.
+TEST(RandomLayout, IsTheSameEverywhere) {
+  const GridChart chart = std::get<Layout>(layOut(randomGraph(1'000, 10, false, 7))).chart;
+  std::uint64_t sum = 0;
+  const auto add = [&sum](auto number) {
+    sum = (sum ^ static_cast<std::uint64_t>(number)) * 0x100000001B3U;
+  };
+  for (const PlacedBox& each : chart.boxes) {
+    add(each.box), add(each.cell.x), add(each.cell.y), add(each.exits.yes), add(each.exits.no);
+  }
+  for (const PlacedConnector& each : chart.connectors) {
+    add(each.cell.x), add(each.cell.y), add(each.into), add(each.outOf);
+  }
+  EXPECT_EQ(sum, 6'471'545'803'818'058'443U) << "another layout needs another sum";
+}
+
+// A chart's cells by their places.
+class Places {
+ public:
+  explicit Places(const GridChart& chart) {
+    for (const PlacedBox& box : chart.boxes) boxes_[{box.cell.x, box.cell.y}] = &box;
+    for (const PlacedConnector& each : chart.connectors) {
+      connectors_[{each.cell.x, each.cell.y}] = &each;
+    }
+  }
+
+  const PlacedBox& box(Cell cell) const { return *boxes_.at({cell.x, cell.y}); }
+
+  /// The connector of a cell; null for none.
+  const PlacedConnector* connector(Cell cell) const {
+    const auto found = connectors_.find({cell.x, cell.y});
+    return found == connectors_.end() ? nullptr : found->second;
+  }
+
+ private:
+  std::map<std::pair<int, int>, const PlacedBox*> boxes_;
+  std::map<std::pair<int, int>, const PlacedConnector*> connectors_;
+};
+
+// What is drawn of a subtree: boxes and connectors, by column and row from its root.
+using Shape = std::vector<std::tuple<int, int, BoxNumber>>;
+
+// REQUIRES: what lies below the root is a tree.
+Shape shapeOf(const Places& places, const PlacedBox& root) {
+  Shape shape;
+  std::vector<const PlacedBox*> open = {&root};
+  const auto add = [&](Cell cell, BoxNumber box) {
+    shape.emplace_back(cell.x - root.cell.x, cell.y - root.cell.y, box);
+  };
+  while (!open.empty()) {
+    const PlacedBox box = *open.back();
+    open.pop_back();
+    add(box.cell, box.box);
+    for (const Answer answer : answers) {
+      if (box.exits[answer] == Direction::none) continue;
+      Cell at = moved(box.cell, box.exits[answer]);
+      for (const PlacedConnector* each = places.connector(at); each != nullptr;
+           each = places.connector(at)) {
+        add(at, noBox);
+        at = moved(at, each->outOf);
+      }
+      open.push_back(&places.box(at));
+    }
+  }
+  return shape;
+}
+
+// How many exits lead to each box.
+std::vector<int> waysTo(const ChartGraph& graph) {
+  std::vector<int> ways(graph.boxes.size(), 0);
+  for (const GraphBox& box : graph.boxes) {
+    for (const Answer answer : answers) {
+      if (box.exits[answer] != noBox) ++ways[static_cast<std::size_t>(box.exits[answer])];
+    }
+  }
+  return ways;
+}
+
+// Of each box whether what lies below it is a tree, and without the other box. REQUIRES: exits
+// lead to boxes with larger numbers.
+std::vector<bool> treesWithout(const ChartGraph& graph, BoxNumber other) {
+  const std::vector<int> ways = waysTo(graph);
+  std::vector<bool> are(graph.boxes.size(), true);
+  for (std::size_t box = are.size(); box-- > 0;) {
+    are[box] = static_cast<BoxNumber>(box) != other;
+    for (const Answer answer : answers) {
+      const BoxNumber next = graph.boxes[box].exits[answer];
+      if (next == noBox) continue;
+      const auto number = static_cast<std::size_t>(next);
+      are[box] = are[box] && are[number] && ways[number] == 1;
+    }
+  }
+  return are;
+}
+
+// For every box the shapes of what lies below it, wherever it stands.
+std::map<BoxNumber, std::set<Shape>> shapesOf(const ChartGraph& graph,
+                                              const std::vector<bool>& wanted) {
+  const GridChart chart = std::get<Layout>(layOut(graph)).chart;
+  const Places places(chart);
+  std::map<BoxNumber, std::set<Shape>> shapes;
+  for (const PlacedBox& box : chart.boxes) {
+    if (static_cast<std::size_t>(box.box) < wanted.size() &&
+        wanted[static_cast<std::size_t>(box.box)]) {
+      shapes[box.box].insert(shapeOf(places, box));
+    }
+  }
+  return shapes;
+}
+
+// A box with an exit to spare, or noBox. None of the ends that several lead to: with an exit they
+// would no longer be repeated, and the first line of a chart sets its boxes further apart.
+BoxNumber openBox(const ChartGraph& graph, std::mt19937& random) {
+  const std::vector<int> ways = waysTo(graph);
+  std::vector<BoxNumber> open;
+  for (std::size_t box = 0; box < graph.boxes.size(); ++box) {
+    const GraphBox& each = graph.boxes[box];
+    const bool isOpen = each.exits.yes == noBox || each.exits.no == noBox;
+    if (isOpen && !(each.isEnd() && ways[box] > 1)) open.push_back(static_cast<BoxNumber>(box));
+  }
+  return open.empty() ? noBox : open[random() % open.size()];
+}
+
+void expectSubtreesKept(std::size_t boxes, std::size_t shareEvery, std::uint32_t seed) {
+  std::mt19937 random(seed);
+  ChartGraph before = randomGraph(boxes, shareEvery, false, seed);
+  for (GraphBox& box : before.boxes) box.turn = random() % 4 == 0 ? Turn::down : Turn::right;
+  ChartGraph after = before;
+  const BoxNumber changed = openBox(before, random);
+  if (changed == noBox) return;
+  auto& exits = after.boxes[static_cast<std::size_t>(changed)].exits;
+  exits[exits.yes == noBox ? Answer::yes : Answer::no] =
+      static_cast<BoxNumber>(before.boxes.size());
+  after.boxes.push_back({});
+  const std::vector<bool> kept = treesWithout(before, changed);
+  EXPECT_EQ(shapesOf(before, kept), shapesOf(after, kept)) << boxes << " boxes, seed " << seed;
+}
+
+TEST(RandomLayout, OfATreeKeepsEverySubtreeThatAnAddedEndIsNotIn) {
+  for (std::uint32_t seed = 0; seed < 500; ++seed) expectSubtreesKept(1 + seed % 80, 0, seed);
+}
+
+TEST(RandomLayout, WithSharedBoxesKeepsThemToo) {
+  for (std::uint32_t seed = 0; seed < 500; ++seed) {
+    expectSubtreesKept(2 + seed % 80, 2 + seed % 10, seed);
   }
 }
 
