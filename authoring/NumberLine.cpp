@@ -13,9 +13,10 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool isSign(char c) { return c == '-' || c == '+'; }
 
-// The integer that a line begins with, its sign included; empty if there is none.
+// The integer that a line begins with, its sign included; empty if there is none. REQUIRES: the
+// line isn't empty.
 std::string_view integerAtStart(std::string_view line) {
-  std::size_t end = !line.empty() && isSign(line.front()) ? 1 : 0;
+  std::size_t end = isSign(line.front()) ? 1 : 0;
   const std::size_t digits = end;
   while (end < line.size() && isDigit(line[end])) ++end;
   if (end == digits) return {};

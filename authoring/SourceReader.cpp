@@ -194,7 +194,7 @@ class Reader {
     if (value.style != Style::plain) return hasNoControls(value);
     const std::string_view line = file_.line(value.place.line);
     const std::size_t comment = commentBehind(line, 0);
-    if (comment == std::string_view::npos || line.find_first_not_of(' ') == comment) return true;
+    if (comment == std::string_view::npos) return true;
     found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(value.place.line) + comment),
                "YAML takes # behind a blank for a comment, and drops what follows",
                std::string(quoteIt) + ", or put the comment on a line of its own");

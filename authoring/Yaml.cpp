@@ -121,7 +121,7 @@ class Builder : public YAML::EventHandler {
   }
 
   bool isPlainNode(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor) {
-    if (!tag.empty() && tag != "?" && tag != "!") {
+    if (tag != "?" && tag != "!") {
       found_.add(Code::tag, placeOf(mark),
                  "YAML takes " + tag + " for a tag, which would be dropped", quoteIt);
       return false;

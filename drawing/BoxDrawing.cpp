@@ -54,20 +54,10 @@ std::string_view lineGlyph(const Strokes& strokes, Charset charset) {
 }
 
 std::string_view arrowhead(XYDirection direction, Charset charset) {
-  const bool utf8 = charset == Charset::utf8;
-  switch (direction) {
-    case XYDirectionYPlus:
-      return utf8 ? "▼" : "v";
-    case XYDirectionXPlus:
-      return utf8 ? "▶" : ">";
-    case XYDirectionYMinus:
-      return utf8 ? "▲" : "^";
-    case XYDirectionXMinus:
-      return utf8 ? "◀" : "<";
-    case XYDirectionNone:
-      break;
-  }
-  return " ";
+  constexpr std::array<std::string_view, 4> heads = {"▼", "▶", "▲", "◀"};
+  constexpr std::array<std::string_view, 4> plainHeads = {"v", ">", "^", "<"};
+  const auto number = static_cast<std::size_t>(direction);
+  return charset == Charset::utf8 ? heads[number] : plainHeads[number];
 }
 
 std::string_view deadEnd(Charset charset) { return charset == Charset::utf8 ? "✗" : "x"; }

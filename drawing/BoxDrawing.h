@@ -36,7 +36,7 @@ class Strokes {
 /// #, and wherever a line bends or branches stands a +.
 std::string_view lineGlyph(const Strokes& strokes, Charset charset);
 
-/// The head of an arrow that points in the direction.
+/// The head of an arrow that points in the direction. REQUIRES: not XYDirectionNone.
 std::string_view arrowhead(XYDirection direction, Charset charset);
 
 /// The cross at the end of a line that leads to nothing.

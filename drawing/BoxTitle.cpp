@@ -9,10 +9,9 @@
 namespace tavrel::drawing {
 namespace {
 
-// "Pass" becomes "Pass.", and "12+?" stays.
+// "Pass" becomes "Pass.", and "12+?" stays. REQUIRES: the text isn't empty.
 std::string asSentence(std::string text) {
-  const bool isEnded =
-      !text.empty() && std::string_view(".?!").find(text.back()) != std::string::npos;
+  const bool isEnded = std::string_view(".?!").find(text.back()) != std::string::npos;
   return isEnded ? text : text + ".";
 }
 

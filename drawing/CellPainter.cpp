@@ -26,19 +26,9 @@ std::int64_t edgeOf(const Track& track, int step) { return step > 0 ? track.end 
 
 // Where the axis of a frame's cell crosses the frame.
 Point gate(const TextWindow& frame, Point centre, XYDirection direction) {
-  switch (direction) {
-    case XYDirectionYPlus:
-      return {centre.x, frame.top + frame.height - 1};
-    case XYDirectionXPlus:
-      return {frame.left + frame.width - 1, centre.y};
-    case XYDirectionYMinus:
-      return {centre.x, frame.top};
-    case XYDirectionXMinus:
-      return {frame.left, centre.y};
-    case XYDirectionNone:
-      break;
-  }
-  return centre;
+  const Step step = stepOf(direction);
+  if (step.dx != 0) return {step.dx > 0 ? frame.left + frame.width - 1 : frame.left, centre.y};
+  return {centre.x, step.dy > 0 ? frame.top + frame.height - 1 : frame.top};
 }
 
 }  // namespace

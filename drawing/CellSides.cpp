@@ -45,10 +45,9 @@ Step stepOf(XYDirection direction) {
       return {0, -1};
     case XYDirectionXMinus:
       return {-1, 0};
-    case XYDirectionNone:
-      break;
+    default:
+      return {0, 0};
   }
-  return {0, 0};
 }
 
 CellSides sidesOf(const ElementGrid& grid, const ScreenElement& element) {

@@ -36,10 +36,9 @@ using Stream = Held<GInputStream, g_object_unref>;
 using Surface = Held<cairo_surface_t, cairo_surface_destroy>;
 using Context = Held<cairo_t, cairo_destroy>;
 
-[[noreturn]] void fail(GError* error) {
-  const std::string why = error->message;
-  g_error_free(error);
-  throw std::runtime_error(why);
+void check(GError* error) {
+  const Held<GError, g_error_free> held(error);
+  if (held) throw std::runtime_error(held->message);
 }
 
 void check(cairo_status_t status) {
@@ -53,14 +52,15 @@ Picture pictureOf(const std::string& svg) {
       g_memory_input_stream_new_from_data(svg.data(), static_cast<gssize>(svg.size()), nullptr));
   Picture picture(rsvg_handle_new_from_stream_sync(stream.get(), nullptr,
                                                    RSVG_HANDLE_FLAG_UNLIMITED, nullptr, &error));
-  if (!picture) fail(error);
+  check(error);
   return picture;
 }
 
 void render(const std::string& svg, cairo_t* context, const RsvgRectangle& area) {
   const Picture picture = pictureOf(svg);
   GError* error = nullptr;
-  if (!rsvg_handle_render_document(picture.get(), context, &area, &error)) fail(error);
+  rsvg_handle_render_document(picture.get(), context, &area, &error);
+  check(error);
 }
 
 cairo_status_t appendBytes(void* out, const unsigned char* bytes, unsigned int count) noexcept try {

@@ -13,12 +13,10 @@ constexpr Colours print = {"#ffffff", "#ffffff", "#ffffff", "#000000", "#000000"
                            "#000000", "#000000", "#000000", "#000000", "#000000",
                            "#000000", "#000000", "#000000"};
 
-constexpr Colours withTwoSuitColours(Colours colours) {
-  colours.clubs = colours.spades = colours.text;
-  colours.diamonds = colours.hearts;
-  return colours;
-}
-constexpr Colours twoColour = withTwoSuitColours(light);
+// As light, but for clubs, diamonds and spades.
+constexpr Colours twoColour = {"#ffffff", "#f6f7f9", "#fff1bf", "#16181d", "#4a5160",
+                               "#5c6474", "#3c4350", "#0b4fb3", "#0b57d0", "#16181d",
+                               "#c0102a", "#c0102a", "#16181d"};
 
 }  // namespace
 
@@ -30,10 +28,9 @@ const Colours& coloursOf(Theme theme) {
       return print;
     case Theme::twoColour:
       return twoColour;
-    case Theme::light:
-      break;
+    default:
+      return light;
   }
-  return light;
 }
 
 std::string_view colourOf(Ink ink, const Colours& colours) {
@@ -54,11 +51,9 @@ std::string_view colourOf(Ink ink, const Colours& colours) {
       return colours.label;
     case Ink::link:
       return colours.link;
-    case Ink::text:
-    case Ink::blank:
-      break;
+    default:
+      return colours.text;
   }
-  return colours.text;
 }
 
 }  // namespace tavrel::drawing

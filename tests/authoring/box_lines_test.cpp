@@ -19,6 +19,8 @@ TEST(Suits, EndWithTheirLetter) {
   EXPECT_EQ(withSuits("Stop!strong"), "Stop!strong");
   EXPECT_EQ(withSuits("!C !x ! !"), "!C !x ! !");
   EXPECT_EQ(withSuits("!cé"), "!cé");
+  EXPECT_EQ(withSuits("!cZ !dz !h9"), "!cZ !dz !h9");
+  EXPECT_EQ(withSuits("!c_ !d~ !h/"), "♣_ ♦~ ♥/");
 }
 
 TEST(BoxLines, KeepAShortTextWhole) { EXPECT_EQ(boxLines("12+ HCP?", 24), (Strings{"12+ HCP?"})); }
@@ -55,6 +57,10 @@ TEST(ParagraphLines, FlowAndKeepTheirParagraphs) {
   EXPECT_EQ(paragraphLines(text + "\nnext\n"),
             (Strings{"abcdefghi abcdefghi abcdefghi abcdefghi abcdefghi abcdefghi abcdefghi",
                      "abcdefghi", "", "next"}));
+}
+
+TEST(ParagraphLines, BeginWithTheFirstText) {
+  EXPECT_EQ(paragraphLines("\n\nfirst\n"), Strings{"first"});
 }
 
 TEST(ParagraphLines, OfNothingAreNone) { EXPECT_EQ(paragraphLines("\n \n"), Strings{}); }

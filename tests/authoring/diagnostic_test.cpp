@@ -34,6 +34,20 @@ TEST(Diagnostic, ShowsPartOfALongLine) {
                       std::string(50, ' ') + "^\n");
 }
 
+TEST(Diagnostic, ShowsWholeCharactersOfALongLine) {
+  std::string line;
+  for (int i = 0; i < 200; ++i) line += "é";
+  std::string part;
+  for (int i = 0; i < 100; ++i) part += "é";
+  EXPECT_EQ(shownAt(line, {1, 60}), "Opening.yaml:1:60: error: something is wrong [T0109]\n    " +
+                                        part + "\n    " + std::string(50, ' ') + "^\n");
+}
+
+TEST(Diagnostic, PointsNoFurtherThanTheLineGoes) {
+  EXPECT_EQ(shownAt("abc\n", {1, 80}),
+            "Opening.yaml:1:80: error: something is wrong [T0109]\n    \n    ^\n");
+}
+
 TEST(Diagnostic, ShowsNothingThatMovesTheCursor) {
   EXPECT_EQ(shownAt("a\x1b[2J\n", {1, 2}),
             "Opening.yaml:1:2: error: something is wrong [T0109]\n"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "authoring/FvReader.h"
+#include "authoring/NumberLine.h"
 #include "tests/authoring/Charts.h"
 #include "tests/support/Files.h"
 
@@ -82,6 +83,12 @@ TEST(FvReader, WantsNumbersWhereCountsStand) {
   EXPECT_EQ(saidOfFv(changed("3 nodes", "3 2 nodes")), (Said{"5:3 T0408"}));
 }
 
+TEST(NumberLine, HasItsEndForThePlaceOfANumberThatIsMissing) {
+  const SourceFile file("Opening.fv", "x\n 1 22 yes\n");
+  EXPECT_EQ(placeOfNumber(file, 2, 1), (Place{2, 4}));
+  EXPECT_EQ(placeOfNumber(file, 2, 2), (Place{2, 7}));
+}
+
 TEST(FvReader, FindsCountsThatAreTooLarge) {
   EXPECT_EQ(saidOfFv(changed("1 line", "99 lines")), (Said{"3:1 T0410"}));
   EXPECT_EQ(saidOfFv(changed("1 line", "2147483647 lines")), (Said{"3:1 T0410"}));
@@ -105,6 +112,8 @@ TEST(FvReader, GoesOnBehindACellThatIsWrong) {
 TEST(FvReader, TellsACellWithASlipFromTheNextCount) {
   EXPECT_EQ(saidOfCells({"0 0 0 0 0 1 0", "1 x 0 0 0 -1 -1", "2 0 1 0 0 -1 -1"}),
             (Said{"23:3 T0405"}));
+  EXPECT_EQ(saidOfCells({"0 0 0 0 0 1 0", "1 99999999999 0 0 0 -1 -1", "2 0 1 0 0 -1 -1"}),
+            (Said{"23:3 T0406"}));
   EXPECT_EQ(saidOfFv(changed("3 boxes", "4 boxes: node x y 0 0 yes no")), (Said{"21:1 T0410"}));
   EXPECT_EQ(
       saidOfFv(changed("3 boxes", "4 boxes")
@@ -123,7 +132,28 @@ TEST(FvReader, SaysOnceWhichBytesDontBelongInTexts) {
   EXPECT_EQ(saidOfFv(changed("When", "W\r\n")).front(), "4:2 T0402");
   EXPECT_EQ(saidOfFv(changed("When", std::string("Wh\0n", 4))), (Said{"4:3 T0403"}));
   EXPECT_EQ(saidOfFv(changed("When", "♣\tn\t")), (Said{"4:2 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "Wh\vn")), (Said{"4:3 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "Wh\fn")), (Said{"4:3 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When to open.\n3 nodes\n1\nA", "\tWhen\n3 nodes\n1\n\tA")),
+            (Said{"4:1 T0403"}));
   EXPECT_EQ(saidOfFv(changed("When", "Wh\x7F")), (Said{"4:3 T0403"}));
+}
+
+TEST(FvReader, QuotesNoMoreThanFortyCharacters) {
+  const SourceFile file("Opening.fv", goodFile + std::string(41, 'x') + "\n");
+  Diagnostics found;
+  readFv(file, found);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.sorted()[0].text,
+            "'" + std::string(40, 'x') + "...' stands behind the last cell, and is never read");
+}
+
+TEST(FvReader, KnowsThatAFileWithoutNodesHasNone) {
+  const SourceFile file("Opening.fv", "Opening\nx\n0\n0 nodes\n1\n0 0 0 0 0 -1 -1\n0\n");
+  Diagnostics found;
+  readFv(file, found);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.sorted()[0].cure, "the file has no nodes");
 }
 
 TEST(FvReader, FindsWhatIsLeftOver) {

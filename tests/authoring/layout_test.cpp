@@ -91,6 +91,10 @@ TEST(Layout, DrawsALineToABoxThatSeveralLeadTo) {
   EXPECT_TRUE(layout.repeated.empty());
 }
 
+TEST(Layout, TakesABoxWithOneExitForNoEnd) {
+  EXPECT_EQ(laidOut(graphOf({{1, 2}, {-1, 3}, {1, -1}, {-1, -1}})).chart.boxes.size(), 4U);
+}
+
 TEST(Layout, DrawsALineBackToAnEarlierBox) {
   EXPECT_EQ(picture(graphOf({{1, 2}, {-1, 0}, {-1, -1}})), (Picture{"+-+",  //
                                                                     "0-1",  //

@@ -41,6 +41,10 @@ TEST(MeaningCheck, WantsMarksAtQuestionsAlone) {
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b2", "It is") + end(1, "Pass?") + end(2)),
             (Said{"5:14 T0603", "6:14 T0604"}));
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b2", "Five? (or six)") + end(1) + end(2)), Said{});
+  EXPECT_EQ(saidOfBoxes("  b0:\n    text: |\n      Five?\n      Or six\n    comment: So.\n"
+                        "    yes: b1\n    no: b2\n" +
+                        end(1) + end(2)),
+            Said{});
 }
 
 TEST(MeaningCheck, TellsTheMissingExit) {
@@ -55,6 +59,10 @@ TEST(MeaningCheck, TellsTheMissingExit) {
 
 TEST(MeaningCheck, FindsOneBoxBehindBothAnswers) {
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b1") + end(1)), (Said{"5:3 T0608"}));
+}
+
+TEST(MeaningCheck, FindsABoxOutOfReachThatLeadsToItselfAlone) {
+  EXPECT_EQ(saidOfBoxes(end(0) + question(1, "b1", "b2") + end(2)), (Said{"6:3 T0605"}));
 }
 
 TEST(MeaningCheck, NamesOneBoxOfThoseThatHangTogetherOutOfReach) {
@@ -112,10 +120,28 @@ TEST(MeaningCheck, PointsAtTheWordInABlockOfASource) {
             (Said{"2:8 T0614", "5:8 T0613"}));
 }
 
+TEST(MeaningCheck, PointsAtAWordAndNotAtAPartOfOne) {
+  const std::string start =
+      "chart: Opening\nintro: When.\nstart: b0\nboxes:\n  b0:\n    text: Pass\n";
+  EXPECT_EQ(saidOfSource(start + "    comment: A2C and 2CX but 2C.\n"), (Said{"7:30 T0613"}));
+  EXPECT_EQ(saidOfSource(start + "    comment: It is 2C"), (Said{"7:20 T0613"}));
+}
+
 TEST(MeaningCheck, PointsAtTheWordInAFlowchartFile) {
   EXPECT_EQ(saidOfFv("Opening\nx\n2\nWhen\n♣ to open 2C\n1\n2\nBid\npass\n3\n\nmay\nbe 8-9.\n\n"
                      "1\n0 0 0 0 0 -1 -1\n0\n"),
             (Said{"5:11 T0613", "9:1 T0613", "13:4 T0614"}));
+}
+
+TEST(MeaningCheck, PointsAtTheWordInTheFirstOfSeveralLines) {
+  EXPECT_EQ(saidOfFv("Opening\nx\n2\nOpen 2C\nthen\n1\n1\nPass\n1\nSo.\n\n"
+                     "1\n0 0 0 0 0 -1 -1\n0\n"),
+            (Said{"4:6 T0613"}));
+}
+
+TEST(MeaningCheck, TellsAnEndFromAQuestionOfTheSameText) {
+  EXPECT_EQ(saidOfCells({"0 0 0 0 0 1 0", "1 1 0 0 0 -1 -1", "1 0 1 0 0 0 -1", "2 0 2 0 0 -1 -1"}),
+            (Said{"12:1 T0603", "24:1 T0601"}));
 }
 
 TEST(MeaningCheck, WarnsOnceOfWhatBoxesOfAFileShare) {

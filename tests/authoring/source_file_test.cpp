@@ -15,6 +15,15 @@ TEST(SourceFile, CountsLinesAndColumnsFromOne) {
   EXPECT_EQ(file.placeOf(99), (Place{3, 1}));
 }
 
+TEST(Place, ComesByItsLineThenByItsColumn) {
+  EXPECT_FALSE((Place{1, 2}) == (Place{1, 3}));
+  EXPECT_FALSE((Place{1, 2}) == (Place{2, 2}));
+  EXPECT_TRUE((Place{1, 9}) < (Place{2, 1}));
+  EXPECT_TRUE((Place{2, 1}) < (Place{2, 2}));
+  EXPECT_FALSE((Place{2, 2}) < (Place{2, 2}));
+  EXPECT_FALSE((Place{3, 1}) < (Place{2, 2}));
+}
+
 TEST(SourceFile, CountsCharacters) {
   const SourceFile file("a", "é♣x");
   EXPECT_EQ(file.placeOf(2), (Place{1, 2}));

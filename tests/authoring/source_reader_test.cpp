@@ -69,11 +69,18 @@ TEST(SourceReader, ReadsAChart) {
   EXPECT_EQ(chart.nameOf(1), "\"Open 1NT\"");
 }
 
+TEST(SourceReader, NamesABoxWithoutAnIdByAllItsLines) {
+  const ChartSource chart =
+      sourceOf(withBox("    text: x\n    yes:\n      text: |\n        one\n        two\n"));
+  EXPECT_EQ(chart.nameOf(1), "\"one two\"");
+}
+
 TEST(SourceReader, KnowsEntriesTurnsAndWidths) {
   const ChartSource chart = sourceOf(
       "chart: Opening\nentry: true\nturn: down\nwidth: 10\nstart: a\nboxes:\n"
       "  a:\n    text: twelve or more?\n    yes: {id: b, text: \"one two three\", turn: right}\n");
   EXPECT_TRUE(chart.isEntry);
+  EXPECT_FALSE(sourceOf(withBox("    text: x\n") + "entry: false\n").isEntry);
   EXPECT_EQ(chart[0].turn, Turn::down);
   EXPECT_EQ(chart[0].text.lines, (Strings{"twelve", "or more?"}));
   EXPECT_EQ(chart[1].turn, Turn::right);
@@ -106,6 +113,10 @@ TEST(SourceReader, NamesValuesOfTheWrongType) {
   EXPECT_EQ(found(withBox("    text: x\n    yes: [a]\n")), Found{"6:10 T0204"});
   EXPECT_EQ(found(withBox("    text: x\n    turn: left\n")), Found{"6:11 T0204"});
   EXPECT_EQ(found(withBox("    text: x\n") + "entry: yes\n"), Found{"6:8 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n") + "entry: [true]\n"), Found{"6:8 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n    chart: [RespNT]\n")), Found{"6:12 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n    yes: {id: [b], text: \"y\"}\n")), Found{"6:15 T0204"});
+  EXPECT_EQ(found("chart: Opening\nstart: [a]\nboxes:\n  a: {text: \"x\"}\n"), Found{"2:8 T0204"});
   EXPECT_EQ(found("chart: Opening\nstart: a\nboxes: [a]\n"), (Found{"2:8 T0207", "3:8 T0204"}));
   EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: x\n"), Found{"4:6 T0204"});
 }
@@ -114,7 +125,7 @@ TEST(SourceReader, TakesWidthsFromEightToEighty) {
   for (const char* width : {"8", "80"}) {
     EXPECT_EQ(found(withBox("    text: x\n") + "width: " + width + "\n"), Found{});
   }
-  for (const char* width : {"7", "81", "-8", "9999999999", "x", "8.5"}) {
+  for (const char* width : {"7", "81", "-8", "9999999999", "x", "8.5", "\"\""}) {
     EXPECT_EQ(found(withBox("    text: x\n") + "width: " + width + "\n"), Found{"6:8 T0204"});
   }
 }
@@ -124,6 +135,13 @@ TEST(SourceReader, WantsIdsOfLettersDigitsAndHyphens) {
             Found{"5:3 T0205"});
   EXPECT_EQ(found(withBox("    text: x\n    yes: {id: \"é\", text: \"y\"}\n")),
             Found{"6:15 T0205"});
+  for (const char* id : {"", "a_b", "a~", "a{", "[", "/"}) {
+    EXPECT_EQ(
+        found(withBox(std::string("    text: x\n    yes: {id: \"") + id + "\", text: \"y\"}\n")),
+        Found{"6:15 T0205"})
+        << id;
+  }
+  EXPECT_EQ(found(withBox("    text: x\n    yes: {id: aZ-zA09, text: \"y\"}\n")), Found{});
 }
 
 TEST(SourceReader, NamesIdsThatStandTwice) {

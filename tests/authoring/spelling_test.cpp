@@ -35,6 +35,9 @@ TEST(Spelling, SaysNothingOfWhatPlayersWrite) {
                            "1st",
                            "B1C",
                            "3-1C",
+                           "2[C]",
+                           "~ or {so}",
+                           "1 n",
                            ""}) {
     EXPECT_EQ(shown(misspelledCall(text)), "") << text;
   }
@@ -44,6 +47,9 @@ TEST(Spelling, KnowsCallsThatAreWrittenOtherwise) {
   EXPECT_EQ(shown(misspelledCall("Open 1N")), "1N -> 1NT");
   EXPECT_EQ(shown(misspelledCall("Open 1 NT now")), "1 NT -> 1NT");
   EXPECT_EQ(shown(misspelledCall("3nt")), "3nt -> 3NT");
+  EXPECT_EQ(shown(misspelledCall("1n, or")), "1n -> 1NT");
+  EXPECT_EQ(shown(misspelledCall("2Nt")), "2Nt -> 2NT");
+  EXPECT_EQ(shown(misspelledCall("2 nT")), "2 nT -> 2NT");
   EXPECT_EQ(shown(misspelledCall("(2C)")), "2C -> 2♣");
   EXPECT_EQ(shown(misspelledCall("2d, or")), "2d -> 2♦");
   EXPECT_EQ(shown(misspelledCall("1S-2H")), "1S -> 1♠");
@@ -67,11 +73,13 @@ TEST(Spelling, WantsAnEnDashInRanges) {
   EXPECT_EQ(shown(misspelledRange("HCP: 8 - 9.")), "8 - 9 -> 8–9");
   EXPECT_EQ(shown(misspelledRange("15—17")), "15—17 -> 15–17");
   EXPECT_EQ(shown(misspelledRange("(6−10)")), "6−10 -> 6–10");
+  EXPECT_EQ(shown(misspelledRange("8-9-ish")), "8-9 -> 8–9");
 }
 
 TEST(Spelling, TellsRangesFromShapesAndOtherNumbers) {
-  for (const char* text : {"15–17", "5-4", "4-4", "4-3-3-3", "1-4-4-4", "2-over-1", "4=4=3=2",
-                           "4-5=2", "9-", "9-x", "1C-1D", "x4-5", "12-1999", "3 -1 1"}) {
+  for (const char* text :
+       {"15–17", "5-4", "4-4", "4-3-3-3", "1-4-4-4", "2-over-1", "4=4=3=2", "4-5=2", "9-", "9-x",
+        "1C-1D", "x4-5", "12-1999", "1000-2000", "4-5=3=1", "8-9th", "3 -1 1"}) {
     EXPECT_EQ(shown(misspelledRange(text)), "") << text;
   }
 }

@@ -49,6 +49,16 @@ TEST(ChartsTogether, KnowTheLinksOfSourcesAndFiles) {
   EXPECT_EQ(brief(compiled.found), (Said{"10:1 T0701"}));
 }
 
+TEST(ChartsTogether, MayComeFromWhereNoFileHasAName) {
+  const CheckedChart chart =
+      checkChart(SourceFile("-",
+                            "chart: RespNT\nintro: When.\nstart: box\n"
+                            "boxes:\n  box: {text: \"Pass\", comment: \"So.\"}\n"),
+                 fewCharts);
+  EXPECT_EQ(chart.name, "");
+  EXPECT_EQ(brief(chart.found), Said{});
+}
+
 TEST(ChartsTogether, AreNotedWhereNobodyLinksToThem) {
   EXPECT_EQ(noted({source("Opening", "", "RespNT"), source("RespNT", "", "")}),
             (std::vector<Said>{{"1:8 T0702"}, {}}));

@@ -85,6 +85,27 @@ TEST(Yaml, RefusesTagsAnchorsAliasesAndMergeKeys) {
   EXPECT_EQ(found("a: &x y\nb: z\n"), Found{"1:4 T0111"});
   EXPECT_EQ(found("a: &x {b: c}\nb: *x\n"), (Found{"1:4 T0111", "2:4 T0112"}));
   EXPECT_EQ(found("<<: {a: b}\nc: d\n"), Found{"1:1 T0113"});
+  EXPECT_EQ(read("\"<<\": a\n"), "{<<=a}");
+}
+
+TEST(Yaml, RefusesThemForTheWholeForKeysAndInLists) {
+  EXPECT_EQ(found("!c foo\n"), Found{"1:1 T0110"});
+  EXPECT_EQ(found("!c foo: bar\na: b\n"), Found{"1:1 T0110"});
+  EXPECT_EQ(found("a:\n  - &x b\n  - c\n"), Found{"2:5 T0111"});
+}
+
+TEST(Yaml, LeavesOutWhatABadKeyLeadsTo) {
+  for (const char* text : {"!c foo: bar\na: b\n", "[foo]: bar\na: b\n", "{foo: bar}: c\na: b\n"}) {
+    Diagnostics found;
+    const std::optional<YamlValue> value = readYaml(SourceFile("a.yaml", text), found);
+    ASSERT_TRUE(value.has_value()) << text;
+    EXPECT_EQ(described(*value), "{a=b}") << text;
+  }
+}
+
+TEST(Yaml, WantsWordsForKeys) {
+  EXPECT_EQ(found("[foo]: bar\n"), Found{"1:1 T0204"});
+  EXPECT_EQ(found("? {a: b}\n: c\n"), Found{"1:3 T0204"});
 }
 
 TEST(Yaml, RefusesMissingValues) {
@@ -92,6 +113,7 @@ TEST(Yaml, RefusesMissingValues) {
   EXPECT_EQ(found("a: ~\n"), Found{"1:1 T0114"});
   EXPECT_EQ(found("a: null\n"), Found{"1:1 T0114"});
   EXPECT_EQ(found("- \n- a\n"), Found{"2:1 T0114"});
+  EXPECT_EQ(found("~\n"), Found{"1:1 T0114"});
 }
 
 TEST(Yaml, RefusesASecondDocument) { EXPECT_EQ(found("a: b\n---\nc: d\n"), Found{"2:1 T0115"}); }
@@ -141,12 +163,18 @@ TEST(Yaml, RefusesBytesThatAreNoText) {
             Found{"1:1 T0103"});
   EXPECT_EQ(found(std::string("a: b\0c\n", 7)), Found{"1:5 T0104"});
   EXPECT_EQ(found("a: b\r\n"), Found{"1:5 T0104"});
+  EXPECT_EQ(found("a: b\x7F\n"), Found{"1:5 T0104"});
   EXPECT_EQ(found("a:\tb\n"), Found{"1:3 T0105"});
 }
 
 TEST(Yaml, RefusesBracketsWithoutEnd) {
   EXPECT_EQ(found("a: " + std::string(500'000, '{')), Found{"1:24 T0106"});
   EXPECT_EQ(found("a: " + std::string(500'000, '[')), Found{"1:24 T0106"});
+}
+
+TEST(Yaml, CountsBracketsThatAreOpenAlone) {
+  EXPECT_EQ(read("a: \"" + std::string(30, '}') + std::string(20, '{') + "\"\n"),
+            "{a=" + std::string(30, '}') + std::string(20, '{') + "}");
 }
 
 TEST(Yaml, RefusesNestingWithoutEnd) {

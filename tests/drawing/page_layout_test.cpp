@@ -49,6 +49,13 @@ TEST(PageLayout, FitsOnePageWhileTheTextCanBeRead) {
   EXPECT_LE(1600 * layout.scale, layout.page.height - 72 + 0.001);
 }
 
+TEST(PageLayout, TurnsThePaperToNeedFewerPages) {
+  const PageLayout wide = pageLayoutOf({2200, 800, {}}, Paper::letter);
+  EXPECT_GT(wide.page.width, wide.page.height);
+  EXPECT_EQ(wide.columns.size(), 2U);
+  EXPECT_EQ(wide.rows.size(), 1U);
+}
+
 // The spans follow one another, none larger than a page, and cover the whole.
 void expectToCover(const std::vector<PageSpan>& spans, std::int64_t length, double onePage) {
   std::int64_t end = 0;

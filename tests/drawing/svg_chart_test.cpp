@@ -9,7 +9,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <pugixml.hpp>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/drawing/DrawingTest.h"
@@ -181,6 +183,27 @@ TEST_F(SvgChartTest, ColoursTheSuitsAndNothingElseOfAText) {
   EXPECT_STREQ(text.last_child().child_value(), "♥");
 }
 
+TEST_F(SvgChartTest, GivesEachSuitAColourOfItsOwn) {
+  select(ChartFile().box(0, 0, "♣, ♦, ♥, ♠"));
+  picture();
+  std::set<std::string> colours;
+  for (const auto& found : document.select_nodes("//tspan")) {
+    colours.insert(found.node().attribute("fill").value());
+  }
+  EXPECT_EQ(count("//tspan"), 4U);
+  EXPECT_EQ(colours.size(), 4U);
+}
+
+TEST_F(SvgChartTest, StaysTheSameWhenItIsMoved) {
+  select(question());
+  SvgChart chart(navigator, {});
+  const std::string before = chart.svg();
+  SvgChart moved = std::move(chart);
+  EXPECT_EQ(moved.svg(), before);
+  chart = std::move(moved);
+  EXPECT_EQ(chart.svg(), before);
+}
+
 TEST_F(SvgChartTest, HidesAllButTheTitlesFromScreenReaders) {
   select(question());
   picture(withPlace(0, 1));
@@ -323,6 +346,7 @@ TEST_F(SvgChartTest, IsBlankForAFlowchartWithoutElements) {
   drawn(ChartFile());
   const pugi::xml_node root = picture();
   EXPECT_EQ(number(root, "width"), 48);
+  EXPECT_TRUE(SvgChart(navigator, {}).cuts().columns.empty());
   EXPECT_TRUE(titles().empty());
 }
 

@@ -249,7 +249,8 @@ TEST_F(TextChartTest, KnowsWhereABoxIsDrawn) {
 TEST_F(TextChartTest, HasNoFrameForAnEmptyCell) {
   select(ChartFile().box(0, 0, "A", xPlus).box(1, 0, "B"));
   const TextChart chart(navigator, Charset::utf8);
-  for (const auto& [x, y] : {std::pair(2, 0), std::pair(0, 1), std::pair(-1, 0)}) {
+  for (const auto& [x, y] :
+       {std::pair(2, 0), std::pair(0, 1), std::pair(-1, 0), std::pair(0, -1)}) {
     EXPECT_EQ(chart.frameOf(x, y).width, 0);
     EXPECT_EQ(chart.frameOf(x, y).height, 0);
   }
@@ -264,6 +265,21 @@ TEST_F(TextChartTest, BearsAnotherFlowchartThanTheOneMeasured) {
   const TextChart chart(navigator, Charset::utf8);
   navigator.resetToStartLocationForFlowchartAtIndex(7);
   EXPECT_EQ(chart.paint(navigator, {0, 0, 16, 3}).width(), 16);
+}
+
+TEST_F(TextChartTest, LeavesOutWhatStandsBetweenTheColumnsAndRowsMeasured) {
+  ChartFile()
+      .box(0, 0, "A")
+      .box(1, 0, "Between")
+      .box(0, 1, "Between")
+      .writeTo(directory.path(), "Leben");
+  select(ChartFile().box(0, 0, "A").box(2, 0, "B").box(0, 2, "C"));
+  const TextChart chart(navigator, Charset::utf8);
+  navigator.resetToStartLocationForFlowchartAtIndex(7);
+  const TextPicture picture = chart.paint(
+      navigator, {0, 0, static_cast<int>(chart.width()), static_cast<int>(chart.height())});
+  EXPECT_EQ(shown(picture).find("Between"), std::string::npos);
+  EXPECT_NE(shown(picture).find("│ A │"), std::string::npos);
 }
 
 }  // namespace

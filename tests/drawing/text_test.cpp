@@ -78,6 +78,8 @@ TEST(Printable, TakesAccentsOffLettersInPlain) {
 TEST(Printable, TakesAccentsOffLettersOnly) {
   EXPECT_EQ(plain("=\u0338"), "?");  // "not equal" must not become "equal"
   EXPECT_EQ(plain("≮"), "?");
+  EXPECT_EQ(plain("~\u0301"), "?");
+  EXPECT_EQ(plain("a\u20DD"), "?");  // in a circle
 }
 
 TEST(Printable, WritesOneQuestionMarkForAnyOtherClusterInPlain) {

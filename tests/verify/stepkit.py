@@ -81,17 +81,18 @@ def configure(build: Path, compiler: str, flags: str, *definitions: str) -> None
          "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", *(f"-D{each}" for each in definitions)])
 
 
-def suite_targets(build: Path) -> list[str]:
-    """The programs to be built that exercise the engine and the client interface."""
+def suite_targets(build: Path, folders: Sequence[str] = SUITE_FOLDERS) -> list[str]:
+    """The programs below tests/ to be built: those that exercise the engine and the client
+    interface, or those of other folders."""
     targets = run(["ninja", "-C", build, "-t", "targets", "all"]).splitlines()
     names = [line.split(": ")[0] for line in targets if ": CXX_EXECUTABLE_LINKER__" in line]
-    return [name for name in names if name.startswith(tuple(f"tests/{f}/" for f in SUITE_FOLDERS))]
+    return [name for name in names if name.startswith(tuple(f"tests/{f}/" for f in folders))]
 
 
-def suite_commands(build: Path) -> list[list[str]]:
+def suite_commands(build: Path, folders: Sequence[str] = SUITE_FOLDERS) -> list[list[str]]:
     """How those programs, built, are run as tests: GoogleTest's as a whole, others as CTest does."""
     listing = json.loads(run(["ctest", "--test-dir", build, "--show-only=json-v1"]))
-    programs = {str((build / target).resolve()) for target in suite_targets(build)}
+    programs = {str((build / target).resolve()) for target in suite_targets(build, folders)}
     commands = []
     for test in listing["tests"]:
         command = test.get("command", [])
