@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include "authoring/Compiler.h"
 #include "authoring/FvReader.h"
@@ -40,17 +41,43 @@ bool isPartOfWord(std::string_view bytes, std::size_t at) {
   return at < bytes.size() && std::isalnum(static_cast<unsigned char>(bytes[at])) != 0;
 }
 
-// The text of a source has been wrapped and its quotes taken away, but words stay as they are.
-// Where the word isn't found, the text's own place has to do.
-Place placeOfWord(const SourceFile& file, const TextLines& text, Place place,
-                  const std::string& word) {
-  const std::size_t start = file.startOf(place.line);
-  const std::size_t size = 2 * text.joined().size() + 200;  // room for indentation
-  const std::string_view bytes = file.bytes().substr(start, place.column - 1 + size);
-  for (std::size_t at = bytes.find(word, place.column - 1); at != std::string_view::npos;
+// Where a word stands next, from an offset on; npos for nowhere.
+std::size_t findWord(std::string_view bytes, std::string_view word, std::size_t from) {
+  for (std::size_t at = bytes.find(word, from); at != std::string_view::npos;
        at = bytes.find(word, at + 1)) {
-    if (isPartOfWord(bytes, at - 1) || isPartOfWord(bytes, at + word.size())) continue;
-    return file.placeOf(start + at);
+    const bool isPart = (at > 0 && isPartOfWord(word, 0) && isPartOfWord(bytes, at - 1)) ||
+                        isPartOfWord(bytes, at + word.size());
+    if (!isPart) return at;
+  }
+  return std::string_view::npos;
+}
+
+// As suits may be written in a source.
+std::string withoutSuits(std::string word) {
+  for (const auto& [suit, written] :
+       {std::pair("♣", "!c"), {"♦", "!d"}, {"♥", "!h"}, {"♠", "!s"}}) {
+    const std::size_t at = word.find(suit);
+    if (at != std::string::npos) word.replace(at, std::string_view(suit).size(), written);
+  }
+  return word;
+}
+
+// The text of a source has been wrapped and its quotes taken away, but words stay as they are:
+// the n-th in the text is the n-th in the source. Where the word isn't found, the text's own
+// place has to do.
+Place placeOfWord(const SourceFile& file, const TextLines& text, Place place, std::size_t offset,
+                  const std::string& word) {
+  const std::string joined = text.joined();
+  const std::size_t start = file.startOf(place.line);
+  const std::size_t size = 2 * joined.size() + 200;  // room for indentation
+  const std::string_view bytes = file.bytes().substr(start, place.column - 1 + size);
+  for (const std::string& written : {word, withoutSuits(word)}) {
+    std::size_t at = findWord(bytes, written, place.column - 1);
+    for (std::size_t before = findWord(joined, word, 0); before < offset;
+         before = findWord(joined, word, before + 1)) {
+      if (at != std::string_view::npos) at = findWord(bytes, written, at + 1);
+    }
+    if (at != std::string_view::npos) return file.placeOf(start + at);
   }
   return place;
 }
@@ -67,9 +94,9 @@ ReadChart readChartOf(const ChartSource& source, const SourceFile& file) {
     chart.boxes.push_back({static_cast<std::uint32_t>(chart.boxes.size()), box.exits});
   }
   chart.placeOf = [&source](BoxNumber box) { return source[box].place; };
-  chart.placeOfWord = [&file](const TextLines& text, Place place, std::size_t,
+  chart.placeOfWord = [&file](const TextLines& text, Place place, std::size_t offset,
                               const std::string& word) {
-    return placeOfWord(file, text, place, word);
+    return placeOfWord(file, text, place, offset, word);
   };
   return chart;
 }

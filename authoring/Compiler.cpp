@@ -11,6 +11,13 @@ namespace tavrel::authoring {
 namespace {
 
 void report(const NoWayBack& problem, const ChartSource& source, Diagnostics& found) {
+  if (problem.from == problem.to) {
+    const SourceBox& box = source[problem.from];
+    const Answer answer = box.exits.yes == problem.to ? Answer::yes : Answer::no;
+    found.add(Code::noWayBack, box.exitPlaces[answer], "this answer leads back to its own question",
+              "lead it to another box");
+    return;
+  }
   found.add(Code::noWayBack, source[problem.from].place,
             "there is no way to draw the line from " + source.nameOf(problem.from) + " back to " +
                 source.nameOf(problem.to),

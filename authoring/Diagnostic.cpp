@@ -76,7 +76,7 @@ std::string nameOf(Code code) {
 
 const std::vector<Code>& allCodes() {
   static const std::vector<Code> codes = codesFrom(
-      {{101, 119}, {201, 210}, {301, 303}, {401, 414}, {501, 509}, {601, 614}, {701, 702}});
+      {{101, 126}, {201, 210}, {301, 303}, {401, 414}, {501, 509}, {601, 616}, {701, 702}});
   return codes;
 }
 
@@ -98,6 +98,12 @@ void Diagnostics::forgetFrom(std::size_t size) {
   }
 }
 
+void Diagnostics::forgetFromLine(std::size_t line) {
+  const auto behind = std::stable_partition(
+      all_.begin(), all_.end(), [line](const Diagnostic& each) { return each.place.line < line; });
+  forgetFrom(static_cast<std::size_t>(behind - all_.begin()));
+}
+
 std::vector<Diagnostic> Diagnostics::sorted() const {
   std::vector<Diagnostic> all = all_;
   std::stable_sort(all.begin(), all.end(),
@@ -106,11 +112,14 @@ std::vector<Diagnostic> Diagnostics::sorted() const {
 }
 
 std::string shown(const Diagnostic& diagnostic, const SourceFile& file) {
-  const Excerpt excerpt = excerptOf(file.line(diagnostic.place.line), diagnostic.place.column);
-  std::string text =
-      file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
-      std::to_string(diagnostic.place.column) + ": " + nameOf(severityOf(diagnostic.code)) + ": " +
-      printable(diagnostic.text, Charset::utf8) + " [" + nameOf(diagnostic.code) + "]\n";
+  std::string_view line = file.line(diagnostic.place.line);
+  const bool isAtItsEnd = diagnostic.place.column >= line.size();
+  if (!line.empty() && line.back() == '\r' && !isAtItsEnd) line.remove_suffix(1);
+  const Excerpt excerpt = excerptOf(line, diagnostic.place.column);
+  std::string text = file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
+                     std::to_string(diagnostic.place.column) + ": " +
+                     nameOf(severityOf(diagnostic.code)) + ": " + printable(diagnostic.text, Charset::utf8) + " [" +
+                     nameOf(diagnostic.code) + "]\n";
   text += "    " + excerpt.text + "\n";
   text += "    " + std::string(static_cast<std::size_t>(excerpt.before), ' ') + "^\n";
   if (!diagnostic.cure.empty()) text += "    " + printable(diagnostic.cure, Charset::utf8) + "\n";

@@ -42,6 +42,13 @@ enum class Code : std::uint16_t {
   mustBeQuoted = 117,
   unquotedInBraces = 118,
   quoteNotClosed = 119,
+  colonWithoutBlank = 120,
+  missingColon = 121,
+  indentation = 122,
+  missingComma = 123,
+  braceNotClosed = 124,
+  invisibleCharacter = 125,
+  unknownEscape = 126,
 
   notAMap = 201,
   unknownKey = 202,
@@ -97,6 +104,8 @@ enum class Code : std::uint16_t {
   textTooHigh = 612,
   callSpelling = 613,
   rangeSpelling = 614,
+  suitSpelling = 615,
+  noEnd = 616,
 
   linkWithoutFile = 701,
   nobodyLinks = 702,
@@ -132,6 +141,9 @@ class Diagnostics {
 
   /// Forgets all but the first `size` that were found. REQUIRES: no more than mostKept were.
   void forgetFrom(std::size_t size);
+
+  /// Forgets all that were found on a line and behind it.
+  void forgetFromLine(std::size_t line);
 
   /// Those that are kept, sorted by place; what was found first comes first at one place.
   std::vector<Diagnostic> sorted() const;

@@ -58,6 +58,7 @@ class MeaningCheck {
     for (std::size_t i = 0; i < chart_.contentCount; ++i) checkContent(chart_.content(i));
     checkBoxes();
     checkReach();
+    checkEnds();
     checkPaths();
   }
 
@@ -114,12 +115,16 @@ class MeaningCheck {
 
   void checkSpelling(const TextLines& lines, Place place, const std::string& where) {
     const std::string text = lines.joined();
-    if (const auto call = misspelledCall(text)) report(*call, lines, place, where);
-    if (const auto range = misspelledRange(text)) {
-      found_.add(Code::rangeSpelling,
-                 chart_.placeOfWord(lines, place, range->offset, range->written),
-                 "a range is written as " + range->written + " in " + where,
-                 "write " + range->wanted + ", with an en dash");
+    for (const Misspelling& call : misspelledCalls(text)) report(call, lines, place, where);
+    for (const Misspelling& range : misspelledRanges(text)) {
+      found_.add(Code::rangeSpelling, chart_.placeOfWord(lines, place, range.offset, range.written),
+                 "a range is written as " + range.written + " in " + where,
+                 "write " + range.wanted + ", with an en dash");
+    }
+    for (const Misspelling& suit : misspelledSuits(text)) {
+      found_.add(Code::suitSpelling, chart_.placeOfWord(lines, place, suit.offset, suit.written),
+                 "a suit is written as " + suit.written + " in " + where,
+                 "write " + suit.wanted + ", or !c !d !h !s in a source");
     }
   }
 
@@ -185,10 +190,16 @@ class MeaningCheck {
 
   // --- ways -----------------------------------------------------------------------
 
-  // Of boxes out of reach that hang together, the one that comes first on their way.
+  // Of boxes out of reach that hang together, the one that comes first on their way. Where an
+  // answer is missing, that is what may have led to them.
   void checkReach() {
     Reach reach(chart_);
     reach.addFrom(chart_.start);
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      const ReadBox& box = chart_[number];
+      const bool hasOneExit = !box.isEnd() && (box.exits.yes == noBox || box.exits.no == noBox);
+      if (hasOneExit && reach.has(number)) return;
+    }
     std::vector<bool> isLedTo(chart_.boxes.size(), false);
     for (BoxNumber number = 0; number < boxCount(); ++number) {
       for (const Answer answer : answers) {
@@ -204,6 +215,71 @@ class MeaningCheck {
                    "lead an answer to it, or take it away");
         reach.addFrom(number);
       }
+    }
+  }
+
+  using Boxes = std::vector<BoxNumber>;
+
+  // For each box those that lead to it.
+  std::vector<Boxes> boxesBefore() const {
+    std::vector<Boxes> before(chart_.boxes.size());
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      for (const Answer answer : answers) {
+        const BoxNumber exit = chart_[number].exits[answer];
+        if (exit != noBox) before[static_cast<std::size_t>(exit)].push_back(number);
+      }
+    }
+    return before;
+  }
+
+  // The boxes from which a walk can come to an end, or to an answer that leads nowhere.
+  std::vector<bool> thoseThatEnd(const std::vector<Boxes>& before) const {
+    std::vector<bool> ends(chart_.boxes.size(), false);
+    Boxes next;
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      const ReadBox& box = chart_[number];
+      if (box.exits.yes == noBox || box.exits.no == noBox) next.push_back(number);
+    }
+    while (!next.empty()) {
+      const auto box = static_cast<std::size_t>(next.back());
+      next.pop_back();
+      if (ends[box]) continue;
+      ends[box] = true;
+      next.insert(next.end(), before[box].begin(), before[box].end());
+    }
+    return ends;
+  }
+
+  // Counts a box and those that hang together with it, and takes them for seen.
+  std::size_t countGroup(BoxNumber first, const std::vector<Boxes>& before,
+                         std::vector<bool>& seen) const {
+    std::size_t count = 0;
+    Boxes next = {first};
+    while (!next.empty()) {
+      const BoxNumber number = next.back();
+      const auto box = static_cast<std::size_t>(number);
+      next.pop_back();
+      if (seen[box]) continue;
+      seen[box] = true;
+      ++count;
+      for (const Answer answer : answers) next.push_back(chart_[number].exits[answer]);
+      next.insert(next.end(), before[box].begin(), before[box].end());
+    }
+    return count;
+  }
+
+  // Of boxes that lead round in loops without an end, the first.
+  void checkEnds() {
+    const std::vector<Boxes> before = boxesBefore();
+    std::vector<bool> seen = thoseThatEnd(before);
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      if (seen[static_cast<std::size_t>(number)]) continue;
+      const std::size_t count = countGroup(number, before, seen);
+      found_.add(Code::noEnd, chart_.placeOf(number),
+                 count == 1 ? "the box leads to nothing but itself"
+                            : "no walk comes to an end from here: " + std::to_string(count) +
+                                  " boxes lead to nothing but each other",
+                 "lead one of their answers to an end");
     }
   }
 

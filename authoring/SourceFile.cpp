@@ -11,6 +11,11 @@ bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0
 
 }  // namespace
 
+std::size_t charactersIn(std::string_view bytes) {
+  const auto further = std::count_if(bytes.begin(), bytes.end(), isContinuation);
+  return bytes.size() - static_cast<std::size_t>(further);
+}
+
 SourceFile::SourceFile(std::string name, std::string bytes)
     : name_(std::move(name)), bytes_(std::move(bytes)), starts_{0} {
   for (std::size_t at = bytes_.find('\n'); at != std::string::npos;
@@ -31,8 +36,7 @@ Place SourceFile::placeOf(std::size_t offset) const {
   const auto behind = std::upper_bound(starts_.begin(), starts_.end(), offset);
   const auto line = static_cast<std::size_t>(behind - starts_.begin());
   const auto before = bytes().substr(starts_[line - 1], offset - starts_[line - 1]);
-  const auto further = std::count_if(before.begin(), before.end(), isContinuation);
-  return {line, before.size() - static_cast<std::size_t>(further) + 1};
+  return {line, charactersIn(before) + 1};
 }
 
 }  // namespace tavrel::authoring

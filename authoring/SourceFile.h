@@ -23,6 +23,9 @@ struct Place {
   }
 };
 
+/// How many characters begin in some bytes of UTF-8.
+std::size_t charactersIn(std::string_view bytes);
+
 /// The bytes of a file, whatever they are. Never changes.
 class SourceFile {
  public:

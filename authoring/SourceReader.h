@@ -16,8 +16,9 @@ namespace tavrel::authoring {
 /// The file names of the catalogue.
 using Catalogue = std::vector<std::string>;
 
-/// Reads a source and says everything that is wrong with it. Nothing comes back if there was
-/// an error; what does come back has a start and exits that lead to boxes.
+/// Reads a source and says everything that is wrong with it. Lines may end as on Windows too.
+/// Nothing comes back if there was an error; what does come back has a start and exits that lead
+/// to boxes.
 std::optional<ChartSource> readSource(const SourceFile& file, const Catalogue& catalogue,
                                       Diagnostics& found);
 

@@ -18,6 +18,16 @@ constexpr std::array suits = {Spelling{"C", "♣"},  Spelling{"D", "♦"},  Spel
                               Spelling{"!h", "♥"}, Spelling{"!s", "♠"}, Spelling{"♧", "♣"},
                               Spelling{"♢", "♦"},  Spelling{"♡", "♥"},  Spelling{"♤", "♠"}};
 
+constexpr std::array written = {
+    Spelling{"c", "♣"}, Spelling{"club", "♣"},    Spelling{"clubs", "♣"},
+    Spelling{"d", "♦"}, Spelling{"diamond", "♦"}, Spelling{"diamonds", "♦"},
+    Spelling{"h", "♥"}, Spelling{"heart", "♥"},   Spelling{"hearts", "♥"},
+    Spelling{"s", "♠"}, Spelling{"spade", "♠"},   Spelling{"spades", "♠"}};
+
+// Words with a call behind them.
+constexpr std::array verbs = {"bid",   "bids",   "call",    "calls",    "open", "opens",
+                              "rebid", "rebids", "respond", "responds", "over"};
+
 constexpr std::array words = {
     Spelling{"PASS", "Pass"}, Spelling{"Dbl", "X"},    Spelling{"DBL", "X"},
     Spelling{"dbl", "X"},     Spelling{"Rdbl", "XX"},  Spelling{"RDBL", "XX"},
@@ -51,6 +61,35 @@ std::size_t letters(std::string_view text) {
 std::size_t digits(std::string_view text) {
   const auto end = std::find_if_not(text.begin(), text.end(), isDigit);
   return static_cast<std::size_t>(end - text.begin());
+}
+
+std::string lowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return lower;
+}
+
+// The word that ends with the blank before an offset.
+std::string wordBefore(std::string_view text, std::size_t offset) {
+  if (offset < 2 || text[offset - 1] != ' ') return "";
+  std::size_t begin = offset - 1;
+  while (begin > 0 && isLetter(text[begin - 1])) --begin;
+  return lowerCase(text.substr(begin, offset - 1 - begin));
+}
+
+// "2 ♣" behind "bid", at an offset.
+std::optional<Misspelling> spacedBid(std::string_view text, std::size_t offset) {
+  const std::string_view rest = text.substr(offset + 1);
+  if (!startsWith(rest, " ")) return std::nullopt;
+  const auto suit = std::find_if(suits.begin(), suits.end(), [rest](const Spelling& each) {
+    return startsWith(rest.substr(1), each.wanted);
+  });
+  if (suit == suits.end()) return std::nullopt;
+  const std::string verb = wordBefore(text, offset);
+  if (std::find(verbs.begin(), verbs.end(), verb) == verbs.end()) return std::nullopt;
+  const std::string level(text.substr(offset, 1));
+  return Misspelling{offset, level + " " + std::string(suit->wanted),
+                     level + std::string(suit->wanted)};
 }
 
 // The call that begins with the level at the text's start.
@@ -110,20 +149,20 @@ std::optional<Misspelling> rangeAtStart(std::string_view text) {
 
 }  // namespace
 
-std::optional<Misspelling> misspelledCall(std::string_view text) {
-  for (std::size_t at = 0; at < text.size(); ++at) {
+std::vector<Misspelling> misspelledCalls(std::string_view text) {
+  std::vector<Misspelling> all;
+  for (std::size_t at = 0; at < text.size() && all.size() < mostMisspellings; ++at) {
     if (at > 0 && (isWordByte(text[at - 1]) || text[at - 1] == '-')) continue;
     const bool isLevel = text[at] >= '1' && text[at] <= '7';
     const std::string_view rest = text.substr(at);
     auto found = isLevel              ? misspelledBid(rest)
                  : isLetter(text[at]) ? misspelledWord(rest)
                                       : std::nullopt;
-    if (found) {
-      found->offset = at;
-      return found;
-    }
+    if (found) found->offset = at;
+    if (!found && isLevel) found = spacedBid(text, at);
+    if (found) all.push_back(*found);
   }
-  return std::nullopt;
+  return all;
 }
 
 std::optional<Misspelling> misspelledLoneCall(std::string_view text) {
@@ -137,19 +176,34 @@ std::optional<Misspelling> misspelledLoneCall(std::string_view text) {
   return Misspelling{size - text.size(), std::string(text), std::string(found->wanted)};
 }
 
-std::optional<Misspelling> misspelledRange(std::string_view text) {
-  for (std::size_t at = 0; at < text.size(); ++at) {
+std::vector<Misspelling> misspelledRanges(std::string_view text) {
+  std::vector<Misspelling> all;
+  for (std::size_t at = 0; at < text.size() && all.size() < mostMisspellings; ++at) {
     if (!isDigit(text[at])) continue;
     const std::string_view rest = text.substr(at);
     const char before = at > 0 ? text[at - 1] : ' ';
     const bool begins = !isWordByte(before) && before != '-' && before != '=';
-    if (auto found = begins ? rangeAtStart(rest) : std::nullopt) {
-      found->offset = at;
-      return found;
-    }
-    at += digits(rest) - 1;
+    auto found = begins ? rangeAtStart(rest) : std::nullopt;
+    at += (found ? found->written.size() : digits(rest)) - 1;
+    if (!found) continue;
+    found->offset = at + 1 - found->written.size();
+    all.push_back(*found);
   }
-  return std::nullopt;
+  return all;
+}
+
+std::vector<Misspelling> misspelledSuits(std::string_view text) {
+  std::vector<Misspelling> all;
+  for (std::size_t at = text.find('!');
+       at != std::string_view::npos && all.size() < mostMisspellings; at = text.find('!', at + 1)) {
+    if (at > 0 && isLetter(text[at - 1])) continue;
+    const std::string word(text.substr(at + 1, letters(text.substr(at + 1))));
+    const auto suit = std::find_if(written.begin(), written.end(), [&word](const Spelling& each) {
+      return each.written == lowerCase(word);
+    });
+    if (suit != written.end()) all.push_back({at, "!" + word, std::string(suit->wanted)});
+  }
+  return all;
 }
 
 }  // namespace tavrel::authoring

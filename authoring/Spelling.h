@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavrel::authoring {
 
@@ -17,18 +18,25 @@ struct Misspelling {
   std::string wanted;
 };
 
-/// The first call in a text that isn't written as 1NT, 2♣, Pass, X or XX: "1 NT", "1N", "2C",
-/// "2!c", "3♡", "PASS", "Dbl". A blank between a number and a suit is none, since hands are
-/// written so; nor are words of English such as "pass" and "double" in a sentence.
-std::optional<Misspelling> misspelledCall(std::string_view text);
+/// The calls in a text that aren't written as 1NT, 2♣, Pass, X or XX: "1 NT", "1N", "2C", "2!c",
+/// "3♡", "PASS", "Dbl". A blank between a number and a suit is wrong behind a word such as "bid"
+/// alone, since hands are written so; words of English such as "pass" and "double" are right in a
+/// sentence.
+std::vector<Misspelling> misspelledCalls(std::string_view text);
 
 /// The same for a text that is one call and nothing else, but for "Bid" or "Call" before it:
 /// "pass" and "Double" are misspelled there.
 std::optional<Misspelling> misspelledLoneCall(std::string_view text);
 
-/// The first range in a text without an en dash: "15-17", "8 - 9". Of two numbers the second
-/// has to be larger, and no third may follow: 5-4 and 4-3-3-3 are shapes.
-std::optional<Misspelling> misspelledRange(std::string_view text);
+/// The ranges in a text without an en dash: "15-17", "8 - 9". Of two numbers the second has to be
+/// larger, and no third may follow: 5-4 and 4-3-3-3 are shapes.
+std::vector<Misspelling> misspelledRanges(std::string_view text);
+
+/// What begins like !c !d !h !s, and isn't read as a suit: "!S", "!diamonds".
+std::vector<Misspelling> misspelledSuits(std::string_view text);
+
+/// Of each kind the first hundred are found. Cost: linear.
+constexpr std::size_t mostMisspellings = 100;
 
 }  // namespace tavrel::authoring
 

@@ -11,7 +11,10 @@
 #include <unordered_set>
 #include <utility>
 
+#include "authoring/BraceScan.h"
+#include "authoring/SourceKeys.h"
 #include "authoring/SourceScreening.h"
+#include "authoring/SyntaxCause.h"
 #include "authoring/YamlTraps.h"
 
 namespace tavrel::authoring {
@@ -44,6 +47,7 @@ class Builder : public YAML::EventHandler {
 
   void OnDocumentStart(const YAML::Mark& mark) override {
     if (documents_++ == 0) return;
+    if (document_) document_->isCutShort = true;
     found_.add(Code::secondDocument, placeOf(mark), "a second document begins here",
                "write one chart a file");
     throw Unreadable();
@@ -95,9 +99,11 @@ class Builder : public YAML::EventHandler {
     std::size_t foundBefore = 0;  // how many diagnostics there were when it began
     bool hasKey = false;
     bool isKeyDropped = false;
+    bool isAstray = false;  // what comes now belongs elsewhere, and is left out
     std::unordered_set<std::string> keys;
     std::string key;
     Place keyPlace;
+    Style keyStyle = Style::plain;
   };
 
   std::size_t offsetOf(const YAML::Mark& mark) const {
@@ -106,7 +112,19 @@ class Builder : public YAML::EventHandler {
     return file_.startOf(line) + static_cast<std::size_t>(std::max(mark.column, 0));
   }
 
-  Place placeOf(const YAML::Mark& mark) const { return file_.placeOf(offsetOf(mark)); }
+  // Marks come in their order, nearly: in a long line the columns are counted on from the last.
+  Place placeOf(const YAML::Mark& mark) {
+    const std::size_t offset = std::min(offsetOf(mark), file_.bytes().size());
+    const bool isBehind = mark.line == lastLine_ && offset >= lastOffset_;
+    if (isBehind) {
+      lastPlace_.column += charactersIn(file_.bytes().substr(lastOffset_, offset - lastOffset_));
+    } else {
+      lastPlace_ = file_.placeOf(offset);
+    }
+    lastLine_ = mark.line;
+    lastOffset_ = offset;
+    return lastPlace_;
+  }
 
   char byteAt(const YAML::Mark& mark) const {
     const std::size_t offset = offsetOf(mark);
@@ -157,17 +175,73 @@ class Builder : public YAML::EventHandler {
     throw Unreadable();
   }
 
-  // The mark of a value that isn't there is that of what comes next.
   void reportNull(const YAML::Mark& mark) {
-    const bool hasKey = !open_.empty() && open_.back().hasKey;
-    const Place place = hasKey ? open_.back().keyPlace : placeOf(mark);
-    const std::optional<Trap> trap = trapIn(file_.line(place.line));
-    if (trap) {
-      found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(place.line) + trap->offset),
-                 trap->text, quoteIt);
+    if (!open_.empty() && open_.back().hasKey) {
+      if (!open_.back().isAstray) reportNoValue(open_.back());
     } else {
-      found_.add(Code::noValue, place, "there is no value here", "write one, or take the key away");
+      found_.add(Code::noValue, placeOf(mark), "there is no value here",
+                 "write one, or take the key away");
     }
+  }
+
+  // The mark of a value that isn't there is that of what comes next: its key's place tells more.
+  void reportNoValue(Open& map) {
+    const std::size_t line = map.keyPlace.line;
+    const std::size_t colon = map.keyStyle == Style::plain ? map.key.find(':') : std::string::npos;
+    if (colon != std::string::npos) {
+      reportNoBlank(map, colon);
+    } else if (map.value.isInFlow && (map.keyStyle != Style::plain || isRestOfText(map))) {
+      reportNoKey(map);
+    } else if (const std::optional<Trap> trap = trapIn(file_.line(line))) {
+      found_.add(trap->code, file_.placeOf(file_.startOf(line) + trap->offset), trap->text,
+                 trap->cure);
+    } else if (isIdAstray(map)) {
+      reportAstray(map);
+    } else {
+      found_.add(Code::noValue, map.keyPlace, "there is no value here",
+                 "write one, or take the key away");
+    }
+  }
+
+  // text:"Pass" is one word to YAML.
+  void reportNoBlank(Open& map, std::size_t colon) {
+    std::string key = map.key.substr(0, colon);
+    found_.add(Code::colonWithoutBlank, {map.keyPlace.line, map.keyPlace.column + colon},
+               "a blank is missing behind the colon of " + key, "write a blank behind it");
+    map.value.dropped.push_back(std::move(key));
+  }
+
+  // Whether a text without quotes was broken at its comma. That it has none is said elsewhere.
+  static bool isRestOfText(const Open& map) {
+    if (map.value.entries.empty()) return false;
+    const YamlEntry& last = map.value.entries.back();
+    return isTextKey(last.key) && last.value.style == Style::plain;
+  }
+
+  void reportNoKey(Open& map) {
+    if (isRestOfText(map)) return;
+    found_.add(Code::noValue, map.keyPlace, "no key stands before this text",
+               "write \"text: \" or \"comment: \" before it");
+    map.value.dropped.push_back("text");
+  }
+
+  // An id that has nothing below it, but the keys of a box beside it.
+  bool isIdAstray(const Open& map) const {
+    if (map.value.isInFlow || isBoxKey(map.key) || isChartKey(map.key)) return false;
+    for (std::size_t line = map.keyPlace.line + 1; line <= file_.lineCount(); ++line) {
+      const std::string_view next = file_.line(line);
+      const std::size_t indent = next.find_first_not_of(' ');
+      if (indent == std::string_view::npos || next[indent] == '#') continue;
+      return indent + 1 == map.keyPlace.column && isBoxKey(keyAt(next, indent));
+    }
+    return false;
+  }
+
+  void reportAstray(Open& map) {
+    found_.add(Code::indentation, map.keyPlace,
+               "nothing below " + map.key + " is indented deeper than it",
+               "indent an id like the other ids, and its box deeper");
+    map.isAstray = map.value.isCutShort = true;
   }
 
   void begin(Kind kind, const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
@@ -221,9 +295,10 @@ class Builder : public YAML::EventHandler {
   void beginEntry(YamlValue key) {
     Open& map = open_.back();
     map.hasKey = true;
-    map.isKeyDropped = !mayBeKey(key);
+    map.isKeyDropped = map.isAstray || !mayBeKey(key);
     map.key = std::move(key.text);
     map.keyPlace = key.place;
+    map.keyStyle = key.style;
   }
 
   bool mayBeKey(const YamlValue& key) {
@@ -237,8 +312,10 @@ class Builder : public YAML::EventHandler {
       return false;
     }
     if (open_.back().keys.insert(key.text).second) return true;
-    found_.add(Code::doubleKey, key.place, "the key " + key.text + " stands here a second time",
-               "keep one of the two");
+    found_.add(Code::doubleKey, key.place, key.text + " stands here a second time",
+               isBoxKey(key.text) || isChartKey(key.text) ? "keep one of the two"
+                                                          : "give this one another name");
+    open_.back().value.isCutShort = open_.size() <= 2;  // a box may be lost
     return false;
   }
 
@@ -253,23 +330,49 @@ class Builder : public YAML::EventHandler {
   Diagnostics& found_;
   std::optional<YamlValue> document_;
   std::vector<Open> open_;
+  int lastLine_ = -1;  // of the last mark, and its place
+  std::size_t lastOffset_ = 0;
+  Place lastPlace_;
   std::size_t values_ = 0;
   std::size_t documents_ = 0;
 };
 
-// A trap on the line where yaml-cpp gave up is the likeliest cause, and says what to do.
+// A backslash in double quotes that begins nothing.
+std::optional<Cause> causeInQuotes(const YAML::ParserException& problem, const SourceFile& file,
+                                   std::size_t start) {
+  const std::string_view begin = "unknown escape character: ";
+  if (std::string_view(problem.msg).substr(0, begin.size()) != begin) return std::nullopt;
+  const auto column = static_cast<std::size_t>(std::max(problem.mark.column, 0));
+  const std::size_t at = file.bytes().rfind('\\', start + column);
+  if (at == std::string_view::npos) return std::nullopt;
+  return Cause{Code::unknownEscape, at, "this backslash means nothing between double quotes",
+               "take it away, or write two for one; suits are !c !d !h !s"};
+}
+
+std::optional<Cause> causeOf(const YAML::ParserException& problem, const SourceFile& file,
+                             std::size_t line) {
+  const std::size_t start = file.startOf(line);
+  if (std::optional<Cause> cause = causeInQuotes(problem, file, start)) return cause;
+  if (std::optional<Cause> cause = causeOfSyntaxError(file, line)) return cause;
+  const std::optional<Trap> trap = trapIn(file.line(line));
+  if (!trap) return std::nullopt;
+  return Cause{trap->code, start + trap->offset, trap->text, trap->cure};
+}
+
+// yaml-cpp says what it looked for in vain, which tells an author little.
 void reportSyntax(const YAML::ParserException& problem, const SourceFile& file,
                   Diagnostics& found) {
-  const auto number =
+  const auto line =
       std::min(static_cast<std::size_t>(std::max(problem.mark.line, 0)) + 1, file.lineCount());
-  const std::size_t start = file.startOf(number);
-  if (const std::optional<Trap> trap = trapIn(file.line(number))) {
-    found.add(Code::mustBeQuoted, file.placeOf(start + trap->offset), trap->text, quoteIt);
-    return;
-  }
   const auto column = static_cast<std::size_t>(std::max(problem.mark.column, 0));
-  found.add(Code::syntax, file.placeOf(start + column), "this is no YAML: " + problem.msg,
-            "look at the indentation, the colons and the brackets here and on the line before");
+  const Cause cause = causeOf(problem, file, line)
+                          .value_or(Cause{Code::syntax, file.startOf(line) + column,
+                                          "from here on the file can't be read",
+                                          "look at the indentation, the colons and the brackets "
+                                          "here and on the line before"});
+  const Place place = file.placeOf(cause.offset);
+  found.forgetFromLine(place.line);
+  found.add(cause.code, place, cause.text, cause.cure);
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ struct YamlValue {
   std::string text;
   std::vector<YamlEntry> entries;    ///< of a map, each key once, in the author's order
   std::vector<std::string> dropped;  ///< keys of a map whose values are wrong and left out
+  bool isCutShort = false;           ///< more of a map was left out than the dropped keys
   std::vector<YamlValue> items;      ///< of a list
 
   /// The entry of that key, nullptr for none.
@@ -45,7 +46,8 @@ struct YamlEntry {
 };
 
 /// Reads the one document of a file. Entries that are wrong are left out, with a diagnostic
-/// each; an error of syntax ends the reading. Nothing if there is no value at all.
+/// each; an error of syntax ends the reading, and is the one diagnostic from its line on.
+/// Nothing if there is no value at all.
 ///
 /// Limits: 2 MB, nesting of 20, 100,000 values; more is a diagnostic, and nothing is read.
 std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found);

@@ -8,16 +8,24 @@
 #include <string>
 #include <string_view>
 
+#include "authoring/Diagnostic.h"
+
 namespace tavrel::authoring {
 
-/// What is wrong with a value that wants quotes.
+/// The usual cure.
+extern const char* const quoteIt;
+
+/// What is wrong with a value, which wants quotes as a rule.
 struct Trap {
   std::size_t offset;  ///< in the line, in bytes
   std::string text;
+  std::string cure = quoteIt;
+  Code code = Code::mustBeQuoted;
+  bool isCertain = true;  ///< YAML can't read it; else it is read as something else
 };
 
-/// The cure of them all.
-extern const char* const quoteIt;
+/// Whether a key or an id may have the character, or nearly so.
+bool isKeyCharacter(char c);
 
 /// A trap in a line of the form "key: value", with or without "- " before it; nothing where
 /// there is none. A value that stands in quotes from end to end has none.

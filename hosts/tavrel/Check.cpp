@@ -40,10 +40,18 @@ std::vector<fs::path> chartsIn(const fs::path& folder) {
   return charts;
 }
 
+std::set<std::string> namesIn(const fs::path& folder) {
+  std::set<std::string> names;
+  for (const fs::path& chart : chartsIn(folder)) names.insert(chart.stem().string());
+  return names;
+}
+
 // What is said of the charts, one after the other.
 class Findings {
  public:
-  explicit Findings(const CheckArguments& arguments) : arguments_(arguments) {}
+  Findings(const CheckArguments& arguments, const fs::path& library) : arguments_(arguments) {
+    if (fs::is_directory(library)) inLibrary_ = namesIn(library);
+  }
 
   // `areAll`: these are the charts of a folder, which link to each other.
   void check(const std::vector<fs::path>& paths, bool areAll) {
@@ -52,7 +60,7 @@ class Findings {
     for (const fs::path& path : paths) {
       if (!read(path, files)) continue;
       charts.push_back(checkChart(files.back(), catalogue_));
-      if (path != "-") checkLinks(charts.back(), namesBeside(path));
+      if (path != "-") checkLinks(charts.back(), namesFor(path));
     }
     if (areAll) noteUnlinked(charts);
     for (std::size_t i = 0; i < files.size(); ++i) take(charts[i], files[i]);
@@ -83,11 +91,13 @@ class Findings {
 
   std::size_t count(Severity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
 
-  const std::set<std::string>& namesBeside(const fs::path& file) {
+  // A walk goes on in the charts beside a file, and in those of the library.
+  const std::set<std::string>& namesFor(const fs::path& file) {
     const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
     const auto [names, isNew] = names_.try_emplace(folder);
     if (isNew) {
-      for (const fs::path& chart : chartsIn(folder)) names->second.insert(chart.stem().string());
+      names->second = namesIn(folder);
+      names->second.insert(inLibrary_.begin(), inLibrary_.end());
     }
     return names->second;
   }
@@ -133,7 +143,8 @@ class Findings {
   const CheckArguments& arguments_;
   const Catalogue catalogue_ = catalogueNames();
   nlohmann::ordered_json array_ = nlohmann::ordered_json::array();
-  std::map<fs::path, std::set<std::string>> names_;  // of the charts in a folder
+  std::set<std::string> inLibrary_;
+  std::map<fs::path, std::set<std::string>> names_;  // of charts that those of a folder may link to
   std::size_t files_ = 0;
   bool isUnread_ = false;
   std::array<std::size_t, 3> counts_ = {};
@@ -144,7 +155,7 @@ class Findings {
 int checkCharts(const CheckArguments& arguments, const std::string& usualFolder) {
   std::vector<std::string> paths = arguments.paths;
   if (paths.empty()) paths.push_back(usualFolder);
-  Findings findings(arguments);
+  Findings findings(arguments, usualFolder);
   for (const std::string& path : paths) {
     if (!fs::is_directory(path)) {
       findings.check({path}, false);

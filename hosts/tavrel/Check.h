@@ -15,7 +15,7 @@ struct CheckArguments {
 };
 
 /// Checks the files, and all *.yaml and *.fv in the folders; `usualFolder` where no path is
-/// given. What is found goes to standard output: as text with a summary line, or as a JSON
+/// given. Links may lead to the charts beside a file and to those of `usualFolder`. What is found goes to standard output: as text with a summary line, or as a JSON
 /// array. Returns the exit status: 1 if anything was found that counts. Throws Failure for
 /// files that can't be read and folders without a chart.
 int checkCharts(const CheckArguments& arguments, const std::string& usualFolder);

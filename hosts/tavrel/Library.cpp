@@ -10,7 +10,7 @@
 
 #include "facade/Tavrel.h"
 #include "hosts/tavrel/Failure.h"
-#include "hosts/tavrel/NearMiss.h"
+#include "text/NearMiss.h"
 
 namespace tavrel {
 namespace {

@@ -81,6 +81,25 @@ TEST(MeaningCheck, FindsAQuestionAgainOnItsWayAndNotBesideIt) {
             (Said{"7:3 T0607"}));
 }
 
+TEST(MeaningCheck, NamesBoxesOnceThatLeadToNoEnd) {
+  EXPECT_EQ(
+      saidOfBoxes(question(0, "b1", "b2") + question(1, "b0", "b2") + question(2, "b0", "b1")),
+      Said{"5:3 T0616"});
+  EXPECT_EQ(saidOfBoxes(question(0, "b1", "b2") + question(1, "b0", "b2") + end(2)), Said{});
+}
+
+TEST(MeaningCheck, LeavesBoxesOutOfReachWhereAnAnswerIsMissing) {
+  EXPECT_EQ(
+      saidOfBoxes("  b0: {text: \"Five?\", comment: \"So.\", no: \"b1\"}\n" + end(1) + end(2)),
+      Said{"5:3 T0601"});
+}
+
+TEST(MeaningCheck, PointsAtEachOfSeveralWords) {
+  EXPECT_EQ(saidOfBoxes("  b0:\n    text: Bid 2C\n    comment: 7-9 or 6-8, 7-9 or 2 !c, !S.\n"),
+            (Said{"6:15 T0613", "7:14 T0614", "7:21 T0614", "7:26 T0614", "7:39 T0615"}));
+  EXPECT_EQ(saidOfBoxes("  b0:\n    text: Bid 2 !c\n    comment: So.\n"), Said{"6:15 T0613"});
+}
+
 TEST(MeaningCheck, TakesALoopForNoQuestionThatComesTwice) {
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b2") + question(1, "b0", "b2") + end(2)), Said{});
   // The questions 1 and 2 are the same, on two ways, and a loop leads back to the first.

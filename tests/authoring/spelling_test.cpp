@@ -2,15 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "authoring/Spelling.h"
 
 namespace tavrel::authoring {
 namespace {
 
-std::string shown(const std::optional<Misspelling>& found) {
-  return found ? found->written + " -> " + found->wanted : "";
+std::string shown(const Misspelling& found) { return found.written + " -> " + found.wanted; }
+
+std::string shown(const std::optional<Misspelling>& found) { return found ? shown(*found) : ""; }
+
+std::string shown(const std::vector<Misspelling>& found) {
+  std::string all;
+  for (const Misspelling& each : found) all += (all.empty() ? "" : ", ") + shown(each);
+  return all;
 }
 
 TEST(Spelling, SaysNothingOfWhatPlayersWrite) {
@@ -33,31 +41,64 @@ TEST(Spelling, SaysNothingOfWhatPlayersWrite) {
                            "two 4s",
                            "4Sure",
                            "1st",
+                           "4 ♠ and 5 ♥",
+                           "with 4 ♠",
                            "B1C",
                            "3-1C",
                            "2[C]",
                            "~ or {so}",
                            "1 n",
                            ""}) {
-    EXPECT_EQ(shown(misspelledCall(text)), "") << text;
+    EXPECT_EQ(shown(misspelledCalls(text)), "") << text;
   }
 }
 
 TEST(Spelling, KnowsCallsThatAreWrittenOtherwise) {
-  EXPECT_EQ(shown(misspelledCall("Open 1N")), "1N -> 1NT");
-  EXPECT_EQ(shown(misspelledCall("Open 1 NT now")), "1 NT -> 1NT");
-  EXPECT_EQ(shown(misspelledCall("3nt")), "3nt -> 3NT");
-  EXPECT_EQ(shown(misspelledCall("1n, or")), "1n -> 1NT");
-  EXPECT_EQ(shown(misspelledCall("2Nt")), "2Nt -> 2NT");
-  EXPECT_EQ(shown(misspelledCall("2 nT")), "2 nT -> 2NT");
-  EXPECT_EQ(shown(misspelledCall("(2C)")), "2C -> 2♣");
-  EXPECT_EQ(shown(misspelledCall("2d, or")), "2d -> 2♦");
-  EXPECT_EQ(shown(misspelledCall("1S-2H")), "1S -> 1♠");
-  EXPECT_EQ(shown(misspelledCall("over 2!h")), "2!h -> 2♥");
-  EXPECT_EQ(shown(misspelledCall("7♤")), "7♤ -> 7♠");
-  EXPECT_EQ(shown(misspelledCall("Say PASS")), "PASS -> Pass");
-  EXPECT_EQ(shown(misspelledCall("Dbl")), "Dbl -> X");
-  EXPECT_EQ(shown(misspelledCall("then redbl")), "redbl -> XX");
+  EXPECT_EQ(shown(misspelledCalls("Open 1N")), "1N -> 1NT");
+  EXPECT_EQ(shown(misspelledCalls("Open 1 NT now")), "1 NT -> 1NT");
+  EXPECT_EQ(shown(misspelledCalls("3nt")), "3nt -> 3NT");
+  EXPECT_EQ(shown(misspelledCalls("(2C)")), "2C -> 2♣");
+  EXPECT_EQ(shown(misspelledCalls("2d, or")), "2d -> 2♦");
+  EXPECT_EQ(shown(misspelledCalls("1S-2H")), "1S -> 1♠");
+  EXPECT_EQ(shown(misspelledCalls("over 2!h")), "2!h -> 2♥");
+  EXPECT_EQ(shown(misspelledCalls("7♤")), "7♤ -> 7♠");
+  EXPECT_EQ(shown(misspelledCalls("Say PASS")), "PASS -> Pass");
+  EXPECT_EQ(shown(misspelledCalls("Dbl")), "Dbl -> X");
+  EXPECT_EQ(shown(misspelledCalls("then redbl")), "redbl -> XX");
+  EXPECT_EQ(shown(misspelledCalls("1n, or")), "1n -> 1NT");
+  EXPECT_EQ(shown(misspelledCalls("2Nt")), "2Nt -> 2NT");
+  EXPECT_EQ(shown(misspelledCalls("2 nT")), "2 nT -> 2NT");
+}
+
+TEST(Spelling, WantsNoBlankInACallBehindAVerb) {
+  EXPECT_EQ(shown(misspelledCalls("Bid 2 ♣")), "2 ♣ -> 2♣");
+  EXPECT_EQ(shown(misspelledCalls("he opens 1 ♥ and")), "1 ♥ -> 1♥");
+}
+
+TEST(Spelling, FindsAllOfATextWithTheirPlaces) {
+  EXPECT_EQ(shown(misspelledCalls("2C, 1N or 2C")), "2C -> 2♣, 1N -> 1NT, 2C -> 2♣");
+  EXPECT_EQ(shown(misspelledRanges("7-9 or 6-8")), "7-9 -> 7–9, 6-8 -> 6–8");
+  EXPECT_EQ(misspelledCalls("2C, 1N")[1].offset, 4U);
+  EXPECT_EQ(misspelledRanges("7-9 or 6-8")[1].offset, 7U);
+  EXPECT_EQ(misspelledRanges("7 - 9 or 6-8")[1].offset, 9U);
+}
+
+TEST(Spelling, FindsAHundredOfEachKindAtMost) {
+  std::string calls, ranges, suits;
+  for (int i = 0; i < 200; ++i) {
+    calls += "1N ";
+    ranges += "7-9 ";
+    suits += "!S ";
+  }
+  EXPECT_EQ(misspelledCalls(calls).size(), mostMisspellings);
+  EXPECT_EQ(misspelledRanges(ranges).size(), mostMisspellings);
+  EXPECT_EQ(misspelledSuits(suits).size(), mostMisspellings);
+}
+
+TEST(Spelling, KnowsSuitsThatAreNotRead) {
+  EXPECT_EQ(shown(misspelledSuits("4+ !S?")), "!S -> ♠");
+  EXPECT_EQ(shown(misspelledSuits("2!diamonds, !Clubs")), "!diamonds -> ♦, !Clubs -> ♣");
+  EXPECT_EQ(shown(misspelledSuits("Bid! Stop!Club !x !NT !cute !")), "");
 }
 
 TEST(Spelling, WantsCallsForWordsWhereACallStandsAlone) {
@@ -69,18 +110,18 @@ TEST(Spelling, WantsCallsForWordsWhereACallStandsAlone) {
 }
 
 TEST(Spelling, WantsAnEnDashInRanges) {
-  EXPECT_EQ(shown(misspelledRange("15-17 HCP")), "15-17 -> 15–17");
-  EXPECT_EQ(shown(misspelledRange("HCP: 8 - 9.")), "8 - 9 -> 8–9");
-  EXPECT_EQ(shown(misspelledRange("15—17")), "15—17 -> 15–17");
-  EXPECT_EQ(shown(misspelledRange("(6−10)")), "6−10 -> 6–10");
-  EXPECT_EQ(shown(misspelledRange("8-9-ish")), "8-9 -> 8–9");
+  EXPECT_EQ(shown(misspelledRanges("15-17 HCP")), "15-17 -> 15–17");
+  EXPECT_EQ(shown(misspelledRanges("HCP: 8 - 9.")), "8 - 9 -> 8–9");
+  EXPECT_EQ(shown(misspelledRanges("15—17")), "15—17 -> 15–17");
+  EXPECT_EQ(shown(misspelledRanges("(6−10)")), "6−10 -> 6–10");
+  EXPECT_EQ(shown(misspelledRanges("8-9-ish")), "8-9 -> 8–9");
 }
 
 TEST(Spelling, TellsRangesFromShapesAndOtherNumbers) {
   for (const char* text :
        {"15–17", "5-4", "4-4", "4-3-3-3", "1-4-4-4", "2-over-1", "4=4=3=2", "4-5=2", "9-", "9-x",
         "1C-1D", "x4-5", "12-1999", "1000-2000", "4-5=3=1", "8-9th", "3 -1 1"}) {
-    EXPECT_EQ(shown(misspelledRange(text)), "") << text;
+    EXPECT_EQ(shown(misspelledRanges(text)), "") << text;
   }
 }
 

@@ -148,8 +148,8 @@ TEST(Yaml, SaysWhereAQuoteIsNotClosed) {
 }
 
 TEST(Yaml, EndsAtAnErrorOfSyntaxAndSaysWhere) {
-  EXPECT_EQ(found("a: [b\n"), Found{"2:1 T0109"});
-  EXPECT_EQ(found("a:\n  b: c\n d: e\n"), Found{"3:2 T0109"});
+  EXPECT_EQ(found("a: b]\n}\n"), Found{"2:1 T0109"});
+  EXPECT_EQ(found("a: !x b\n}\n"), (Found{"1:4 T0110", "2:1 T0109"}));
 }
 
 TEST(Yaml, GoesOnAfterEveryOtherError) {
@@ -162,7 +162,10 @@ TEST(Yaml, RefusesBytesThatAreNoText) {
                   "a: b\n"),
             Found{"1:1 T0103"});
   EXPECT_EQ(found(std::string("a: b\0c\n", 7)), Found{"1:5 T0104"});
-  EXPECT_EQ(found("a: b\r\n"), Found{"1:5 T0104"});
+  EXPECT_EQ(found("a: b\rc: d\n"), Found{"1:5 T0104"});
+  EXPECT_EQ(found("\xFF\xFE"
+                  "a\r\xFF"),
+            Found{"1:1 T0102"});
   EXPECT_EQ(found("a: b\x7F\n"), Found{"1:5 T0104"});
   EXPECT_EQ(found("a:\tb\n"), Found{"1:3 T0105"});
 }

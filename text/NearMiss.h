@@ -1,7 +1,7 @@
 // What a person may have meant by a name that doesn't exist.
 
-#ifndef TAVREL_HOSTS_TAVREL_NEARMISS_H
-#define TAVREL_HOSTS_TAVREL_NEARMISS_H
+#ifndef TAVREL_TEXT_NEARMISS_H
+#define TAVREL_TEXT_NEARMISS_H
 
 #include <cstddef>
 #include <string>
@@ -28,4 +28,4 @@ class NearMiss {
 
 }  // namespace tavrel
 
-#endif  // TAVREL_HOSTS_TAVREL_NEARMISS_H
+#endif  // TAVREL_TEXT_NEARMISS_H

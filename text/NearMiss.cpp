@@ -1,4 +1,4 @@
-#include "hosts/tavrel/NearMiss.h"
+#include "text/NearMiss.h"
 
 #include <algorithm>
 #include <cctype>
