@@ -31,7 +31,8 @@ std::string_view partFrom(std::string_view line, std::size_t character) {
 
 // Around the place, where the line is long.
 Excerpt excerptOf(std::string_view line, std::size_t column) {
-  const std::size_t first = column > widestLine / 2 ? column - widestLine / 2 : 1;
+  const bool isLong = line.size() > widestLine;
+  const std::size_t first = isLong && column > widestLine / 2 ? column - widestLine / 2 : 1;
   const std::string shownLine = printable(partFrom(line, first), Charset::utf8);
   std::string text;
   int before = 0, used = 0;

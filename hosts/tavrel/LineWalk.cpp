@@ -7,8 +7,8 @@
 
 #include "hosts/tavrel/Answers.h"
 #include "hosts/tavrel/Failure.h"
-#include "hosts/tavrel/NearMiss.h"
 #include "hosts/tavrel/Words.h"
+#include "text/NearMiss.h"
 
 namespace tavrel {
 namespace {
