@@ -117,10 +117,10 @@ std::string shown(const Diagnostic& diagnostic, const SourceFile& file) {
   const bool isAtItsEnd = diagnostic.place.column >= line.size();
   if (!line.empty() && line.back() == '\r' && !isAtItsEnd) line.remove_suffix(1);
   const Excerpt excerpt = excerptOf(line, diagnostic.place.column);
-  std::string text = file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
-                     std::to_string(diagnostic.place.column) + ": " +
-                     nameOf(severityOf(diagnostic.code)) + ": " + printable(diagnostic.text, Charset::utf8) + " [" +
-                     nameOf(diagnostic.code) + "]\n";
+  std::string text =
+      file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
+      std::to_string(diagnostic.place.column) + ": " + nameOf(severityOf(diagnostic.code)) + ": " +
+      printable(diagnostic.text, Charset::utf8) + " [" + nameOf(diagnostic.code) + "]\n";
   text += "    " + excerpt.text + "\n";
   text += "    " + std::string(static_cast<std::size_t>(excerpt.before), ' ') + "^\n";
   if (!diagnostic.cure.empty()) text += "    " + printable(diagnostic.cure, Charset::utf8) + "\n";
