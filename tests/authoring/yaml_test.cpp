@@ -182,7 +182,7 @@ TEST(Yaml, CountsBracketsThatAreOpenAlone) {
 
 TEST(Yaml, RefusesNestingWithoutEnd) {
   std::string text;
-  for (int depth = 0; depth < 21; ++depth) text += std::string(depth, ' ') + "a:\n";
+  for (std::size_t depth = 0; depth < 21; ++depth) text += std::string(depth, ' ') + "a:\n";
   EXPECT_EQ(found(text + std::string(21, ' ') + "b: c\n"), Found{"21:21 T0107"});
   EXPECT_EQ(found(std::string(21 * 2, ' ').replace(0, 42, std::string()) +
                   "- - - - - - - - - - - - - - - - - - - - - x\n"),
