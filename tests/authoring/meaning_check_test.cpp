@@ -143,9 +143,9 @@ TEST(MeaningCheck, TellsHowARangeShouldBeWritten) {
 }
 
 TEST(MeaningCheck, SaysALoneCallOnce) {
-  EXPECT_EQ(saidOfBoxes(end(0, "Bid 2 ♣")), (Said{"5:18 T0613"}));
-  EXPECT_EQ(saidOfBoxes(end(0, "2 ♣")), (Said{"5:14 T0613"}));
-  EXPECT_EQ(saidOfBoxes(end(0, "Pass.")), (Said{"5:14 T0613"}));
+  EXPECT_EQ(saidOfBoxes(end(0, "Bid 2 ♣")), (Said{"5:19 T0613"}));
+  EXPECT_EQ(saidOfBoxes(end(0, "2 ♣")), (Said{"5:15 T0613"}));
+  EXPECT_EQ(saidOfBoxes(end(0, "Pass.")), (Said{"5:15 T0613"}));
 }
 
 TEST(MeaningCheck, PointsAtEachOfSeveralWords) {
