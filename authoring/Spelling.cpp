@@ -258,9 +258,8 @@ bool goesOn(const Span& span) {
 
 // Lengths of two suits rather than from one number to another.
 bool isShape(const Span& span) {
-  constexpr int mostCards = 13, longest = 8;
-  const int low = numberOf(span.low), high = numberOf(span.high);
-  return high <= longest && low + high <= mostCards &&
+  constexpr int mostCards = 13;
+  return numberOf(span.low) + numberOf(span.high) <= mostCards &&
          isOneOf(afterShapes, wordAfterBlank(span.rest));
 }
 

@@ -147,7 +147,7 @@ TEST(Spelling, WantsAnEnDashInRanges) {
   EXPECT_EQ(shown(misspelledRanges("(6−10)")), "6−10 -> 6–10");
   EXPECT_EQ(shown(misspelledRanges("8-9-ish")), "8-9 -> 8–9");
   EXPECT_EQ(shown(misspelledRanges("4-5 cards")), "4-5 -> 4–5");
-  EXPECT_EQ(shown(misspelledRanges("8-9 in notrump")), "8-9 -> 8–9");
+  EXPECT_EQ(shown(misspelledRanges("6-8 in notrump")), "6-8 -> 6–8");
 }
 
 TEST(Spelling, WantsNoBlanksInRangesAndOneBehindThem) {
