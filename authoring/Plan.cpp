@@ -11,7 +11,7 @@
 namespace tavrel::authoring {
 namespace {
 
-constexpr std::int64_t mostNodesTried = 6'000;    // in all sketches together
+constexpr std::int64_t mostNodesTried = 6'000;     // in all sketches together
 constexpr std::size_t mostStepsTried = 1'000'000;  // of their searches
 
 Answer other(Answer answer) { return answer == Answer::yes ? Answer::no : Answer::yes; }
