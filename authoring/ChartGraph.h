@@ -33,8 +33,22 @@ enum class Turn : std::uint8_t { right, down };
 struct GraphBox {
   ByAnswer<BoxNumber> exits = {noBox, noBox};
   Turn turn = Turn::right;
+  bool isTurnFixed = false;  ///< its author said so of this very box
 
   bool isEnd() const { return exits.yes == noBox && exits.no == noBox; }
+};
+
+/// An exit by its box.
+struct Exit {
+  BoxNumber box = noBox;
+  Answer answer = Answer::yes;
+
+  friend bool operator==(const Exit& a, const Exit& b) {
+    return a.box == b.box && a.answer == b.answer;
+  }
+  friend bool operator<(const Exit& a, const Exit& b) {
+    return a.box != b.box ? a.box < b.box : a.answer < b.answer;
+  }
 };
 
 /// REQUIRES: every exit is noBox or the number of a box.
@@ -42,6 +56,7 @@ struct ChartGraph {
   std::vector<GraphBox> boxes;
   BoxNumber root = 0;
 
+  GraphBox& operator[](BoxNumber box) { return boxes[static_cast<std::size_t>(box)]; }
   const GraphBox& operator[](BoxNumber box) const { return boxes[static_cast<std::size_t>(box)]; }
 };
 

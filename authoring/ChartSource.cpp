@@ -13,7 +13,9 @@ std::string ChartSource::nameOf(BoxNumber box) const {
 ChartGraph ChartSource::graph() const {
   ChartGraph graph;
   graph.root = start;
-  for (const SourceBox& box : boxes) graph.boxes.push_back({box.exits, box.turn});
+  for (const SourceBox& box : boxes) {
+    graph.boxes.push_back({box.exits, box.turn, box.isTurnFixed});
+  }
   return graph;
 }
 

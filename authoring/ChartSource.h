@@ -38,6 +38,7 @@ struct SourceBox {
   ByAnswer<BoxNumber> exits = {noBox, noBox};
   ByAnswer<Place> exitPlaces;
   Turn turn = Turn::right;
+  bool isTurnFixed = false;  ///< said of this very box
 };
 
 struct ChartSource {

@@ -33,10 +33,10 @@ void report(const TooManyCells& problem, const ChartSource& source, Diagnostics&
 
 void report(const Layout& layout, const ChartSource& source, Diagnostics& found) {
   for (const BoxNumber box : layout.repeated) {
-    found.add(Code::repeated, source[box].place,
-              "no line can be drawn to " + source.nameOf(box) +
-                  " from everywhere, so it is repeated with all that follows",
-              "");
+    found.add(
+        Code::repeated, source[box].place,
+        "no line can be drawn to " + source.nameOf(box) + " from everywhere, so it is repeated",
+        "");
   }
 }
 

@@ -366,7 +366,11 @@ class Reader {
         {"yes", [&](const YamlEntry& entry) { readExit(number, Answer::yes, entry); }},
         {"no", [&](const YamlEntry& entry) { readExit(number, Answer::no, entry); }},
         {"chart", [&](const YamlEntry& entry) { readLink(number, entry); }},
-        {"turn", [&](const YamlEntry& entry) { at(number).turn = readTurn(entry, turn_); }},
+        {"turn",
+         [&](const YamlEntry& entry) {
+           at(number).turn = readTurn(entry, turn_);
+           at(number).isTurnFixed = true;
+         }},
     };
     if (id.empty()) keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
     const std::vector<std::string> meant = readEntries(map, keys, "a box");

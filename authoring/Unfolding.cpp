@@ -1,7 +1,7 @@
 #include "authoring/Unfolding.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <tuple>
 #include <utility>
 
 namespace tavrel::authoring {
@@ -19,7 +19,7 @@ class QuestionOrder {
 
   const std::vector<BoxNumber>& boxes() const { return order_; }
 
-  bool isBefore(BoxNumber box, BoxNumber other) const { return rankOf(box) < rankOf(other); }
+  std::vector<int> takeRanks() { return std::move(ranks_); }
 
  private:
   struct Step {
@@ -47,33 +47,12 @@ class QuestionOrder {
   }
 
   int& rank(BoxNumber box) { return ranks_[static_cast<std::size_t>(box)]; }
-  int rankOf(BoxNumber box) const { return ranks_[static_cast<std::size_t>(box)]; }
 
   static constexpr int seen = -1;
   const ChartGraph& graph_;
   std::vector<int> ranks_;
   std::vector<BoxNumber> order_;
 };
-
-// An exit by its box.
-struct Exit {
-  BoxNumber box = noBox;
-  Answer answer = Answer::yes;
-};
-
-// For every box the exit that it hangs from: the last one that leads to it.
-std::vector<Exit> hangers(const ChartGraph& graph, const QuestionOrder& order) {
-  std::vector<Exit> all(graph.boxes.size());
-  for (const BoxNumber box : order.boxes()) {
-    for (const Answer answer : answers) {
-      const BoxNumber next = graph[box].exits[answer];
-      if (next == noBox || !order.isBefore(box, next)) continue;
-      Exit& hanger = all[static_cast<std::size_t>(next)];
-      if (hanger.box != box) hanger = {box, answer};
-    }
-  }
-  return all;
-}
 
 template <typename List, typename Number>
 auto& at(List& list, Number node) {
@@ -99,6 +78,9 @@ class Ancestry {
     }
   }
 
+  // Of a walk that takes yes before no: nodes next to each other are mostly near on the grid.
+  std::size_t placeOf(NodeNumber node) const { return at(places_, node); }
+
   bool hangsFrom(NodeNumber node, NodeNumber ancestor) const {
     const std::size_t first = at(places_, ancestor);
     return at(places_, node) >= first && at(places_, node) < first + at(sizes_, ancestor);
@@ -108,46 +90,58 @@ class Ancestry {
   std::vector<std::size_t> places_, sizes_;
 };
 
-}  // namespace
-
-Unfolding::Unfolding(const ChartGraph& graph) : graph_(graph) { build(); }
-
-NodeNumber Unfolding::add(BoxNumber box, NodeNumber parent) {
-  nodes_.push_back({});
-  nodes_.back().box = box;
-  nodes_.back().parent = parent;
-  return static_cast<NodeNumber>(nodes_.size() - 1);
+// How many lines a box has sides for, beside what it hangs from and its exits.
+int sidesForLines(const GraphBox& box) {
+  return 3 - (box.exits.yes != noBox ? 1 : 0) - (box.exits.no != noBox ? 1 : 0);
 }
 
-void Unfolding::build() {
-  const QuestionOrder order(graph_);
-  const std::vector<Exit> hanging = hangers(graph_, order);
-  std::vector<NodeNumber> nodeOf(graph_.boxes.size(), noNode);
-  std::vector<LineStart> lines;
-  const auto nodeOfBox = [&](BoxNumber box) -> NodeNumber& {
-    return nodeOf[static_cast<std::size_t>(box)];
-  };
-  nodeOfBox(graph_.root) = add(graph_.root, noNode);
+}  // namespace
+
+Hanging::Hanging(const ChartGraph& graph) : exits_(graph.boxes.size()) {
+  QuestionOrder order(graph);
+  ranks_ = order.takeRanks();
+  for (const BoxNumber box : order.boxes()) {
+    for (const Answer answer : answers) {
+      const BoxNumber next = graph[box].exits[answer];
+      if (next != noBox && of(next).box != box) hang(graph, {box, answer});
+    }
+  }
+}
+
+bool Hanging::hang(const ChartGraph& graph, const Exit& exit) {
+  const BoxNumber next = graph[exit.box].exits[exit.answer];
+  if (at(ranks_, exit.box) >= at(ranks_, next)) return false;
+  at(exits_, next) = exit;
+  return true;
+}
+
+Unfolding::Unfolding(const ChartGraph& graph, const Hanging& hanging)
+    : graph_(graph), nodesOf_(graph.boxes.size()) {
+  build(hanging);
+}
+
+NodeNumber Unfolding::hang(BoxNumber box, NodeNumber parent, Answer answer) {
+  const auto node = static_cast<NodeNumber>(nodes_.size());
+  std::vector<NodeNumber>& shown = nodesOf_[static_cast<std::size_t>(box)];
+  nodes_.push_back({});
+  at(node).box = box;
+  at(node).parent = parent;
+  at(node).isRepeated = !shown.empty();
+  shown.push_back(node);
+  if (parent != noNode) at(parent).children[answer] = node;
+  return node;
+}
+
+void Unfolding::build(const Hanging& hanging) {
+  hang(graph_.root, noNode, Answer::yes);
   for (NodeNumber node = 0; node < static_cast<NodeNumber>(nodes_.size()); ++node) {
     const BoxNumber box = (*this)[node].box;
     for (const Answer answer : answers) {
       const BoxNumber next = graph_[box].exits[answer];
       if (next == noBox) continue;
-      const Exit& hanger = hanging[static_cast<std::size_t>(next)];
-      const bool hangsHere = hanger.box == box && hanger.answer == answer;
-      if (!hangsHere && !graph_[next].isEnd()) {
-        lines.push_back({node, answer, false});
-        continue;
-      }
-      const NodeNumber child = add(next, node);
-      at(node).children[answer] = child;
-      at(child).isRepeated = nodeOfBox(next) != noNode;
-      if (!at(child).isRepeated) nodeOfBox(next) = child;
+      const bool hangsHere = hanging.of(next) == Exit{box, answer};
+      if (hangsHere || graph_[next].isEnd()) hang(next, node, answer);
     }
-  }
-  for (const LineStart& line : lines) {
-    const BoxNumber next = graph_[(*this)[line.node].box].exits[line.answer];
-    at(line.node).lines[line.answer] = nodeOfBox(next);
   }
 }
 
@@ -156,36 +150,67 @@ std::vector<LineStart> Unfolding::lines() const {
   std::vector<LineStart> all;
   for (NodeNumber node = 0; node < static_cast<NodeNumber>(nodes_.size()); ++node) {
     for (const Answer answer : answers) {
-      const NodeNumber target = (*this)[node].lines[answer];
-      if (target != noNode) all.push_back({node, answer, ancestry.hangsFrom(node, target)});
+      const LineStart line = {node, answer, false};
+      if (targetOf(line) == noBox || (*this)[node].children[answer] != noNode) continue;
+      all.push_back(line);
+      const std::vector<NodeNumber>& targets = nodesOf(targetOf(line));
+      all.back().isLoop = std::any_of(targets.begin(), targets.end(), [&](NodeNumber target) {
+        return ancestry.hangsFrom(node, target);
+      });
     }
   }
   return all;
 }
 
-bool Unfolding::repeat(const LineStart& line, std::size_t mostNodes) {
+bool Unfolding::repeat(std::vector<LineStart> lines, std::size_t mostNodes) {
+  const Ancestry ancestry(nodes_);
+  const auto rank = [&](const LineStart& line) {
+    return std::make_tuple(targetOf(line), ancestry.placeOf(line.node), line.answer);
+  };
+  std::sort(lines.begin(), lines.end(),
+            [&](const LineStart& one, const LineStart& other) { return rank(one) < rank(other); });
+  for (auto first = lines.begin(); first != lines.end();) {
+    const BoxNumber box = targetOf(*first);
+    auto last = first;
+    for (int sides = sidesForLines(graph_[box]);
+         sides > 0 && last + 1 != lines.end() && targetOf(*(last + 1)) == box; --sides) {
+      ++last;
+    }
+    if (!repeatOne(*last, mostNodes)) return false;
+    first = last + 1;
+  }
+  return true;
+}
+
+bool Unfolding::repeatOne(const LineStart& line, std::size_t mostNodes) {
   if (nodes_.size() >= mostNodes) return false;
-  const NodeNumber original = std::exchange(at(line.node).lines[line.answer], noNode);
-  const auto first = static_cast<NodeNumber>(nodes_.size());
-  std::unordered_map<NodeNumber, NodeNumber> copyOf;
-  std::vector<NodeNumber> originals = {original};
-  at(line.node).children[line.answer] = copyOf[original] = add((*this)[original].box, line.node);
+  const BoxNumber box = targetOf(line);
+  const NodeNumber copy = hang(box, line.node, line.answer);
+  for (const Answer answer : answers) {
+    const BoxNumber next = graph_[box].exits[answer];
+    if (next == noBox || !graph_[next].isEnd()) continue;
+    if (nodes_.size() >= mostNodes) return false;
+    hang(next, copy, answer);
+  }
+  return true;
+}
+
+bool Unfolding::repeatWhole(const std::vector<LineStart>& lines, std::size_t mostNodes) {
+  return std::all_of(lines.begin(), lines.end(),
+                     [&](const LineStart& line) { return repeatWhole(line, mostNodes); });
+}
+
+bool Unfolding::repeatWhole(const LineStart& line, std::size_t mostNodes) {
+  if (nodes_.size() >= mostNodes) return false;
+  std::vector<NodeNumber> originals = {nodesOf(targetOf(line)).front()};
+  const NodeNumber first = hang(targetOf(line), line.node, line.answer);
   for (std::size_t done = 0; done < originals.size(); ++done) {
-    const NodeNumber copy = first + static_cast<NodeNumber>(done);
-    at(copy).isRepeated = true;
     for (const Answer answer : answers) {
-      at(copy).lines[answer] = (*this)[originals[done]].lines[answer];
       const NodeNumber child = (*this)[originals[done]].children[answer];
       if (child == noNode || child >= first) continue;
       if (nodes_.size() >= mostNodes) return false;
       originals.push_back(child);
-      at(copy).children[answer] = copyOf[child] = add((*this)[child].box, copy);
-    }
-  }
-  for (auto copy = static_cast<std::size_t>(first); copy < nodes_.size(); ++copy) {
-    for (const Answer answer : answers) {
-      const auto found = copyOf.find(nodes_[copy].lines[answer]);
-      if (found != copyOf.end()) nodes_[copy].lines[answer] = found->second;
+      hang((*this)[child].box, first + static_cast<NodeNumber>(done), answer);
     }
   }
   return true;

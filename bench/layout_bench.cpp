@@ -20,6 +20,7 @@
 #include <variant>
 #include <vector>
 
+#include "authoring/CellSet.h"
 #include "authoring/Layout.h"
 #include "authoring/SourceReader.h"
 #include "bench/Contest.h"
@@ -93,6 +94,7 @@ struct Measures {
   double length = 0;             // of all lines, outside of boxes, in box widths
   std::size_t bends = 0;
   std::size_t emptyCells = 0;  // of the rectangle that holds the chart
+  std::size_t crossings = 0;   // cells with a line in them and a box or another line
 };
 
 // The distance from one column or row to the next, by which of them hold boxes.
@@ -124,6 +126,15 @@ class Scale {
 
 bool isAcross(Direction way) { return way == Direction::right || way == Direction::left; }
 
+// Lines go from cell to cell by their middles, so that two cross where they share a cell.
+std::size_t crossings(const GridChart& chart) {
+  CellSet taken;
+  for (const PlacedBox& box : chart.boxes) taken.insert(box.cell);
+  std::size_t count = 0;
+  for (const PlacedConnector& each : chart.connectors) count += taken.insert(each.cell) ? 0U : 1U;
+  return count;
+}
+
 Measures measured(const GridChart& chart) {
   Scale columns(boxWidth, columnGap), rows(boxHeight, rowGap);
   for (const PlacedBox& box : chart.boxes)
@@ -150,6 +161,7 @@ Measures measured(const GridChart& chart) {
   all.width = columns.length() / boxWidth;
   all.height = rows.length() / boxHeight;
   all.length /= boxWidth;
+  all.crossings = crossings(chart);
   all.emptyCells = columns.count() * rows.count() - chart.boxes.size() - chart.connectors.size();
   return all;
 }
@@ -179,13 +191,14 @@ double millisecondsFor(const ChartGraph& graph) {
   return times[rounds / 2];
 }
 
-// Name, boxes, boxes drawn, width, height, length of lines, bends, empty cells, milliseconds.
+// Name, boxes, boxes drawn, width, height, length of lines, bends, empty cells, crossings,
+// milliseconds.
 void printQuality(const Input& input) {
   const GridChart chart = laidOut(input.graph);
   const Measures all = measured(chart);
-  std::printf("%s\t%zu\t%zu\t%.1f\t%.1f\t%.1f\t%zu\t%zu\t%.4f\n", input.name.c_str(),
+  std::printf("%s\t%zu\t%zu\t%.1f\t%.1f\t%.1f\t%zu\t%zu\t%zu\t%.4f\n", input.name.c_str(),
               input.graph.boxes.size(), chart.boxes.size(), all.width, all.height, all.length,
-              all.bends, all.emptyCells, millisecondsFor(input.graph));
+              all.bends, all.emptyCells, all.crossings, millisecondsFor(input.graph));
 }
 
 // A character is a tenth of an inch wide.

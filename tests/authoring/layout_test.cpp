@@ -116,6 +116,63 @@ TEST(Layout, RepeatsWhatNoLineLeadsTo) {
   EXPECT_EQ(layout.repeated, (std::vector<BoxNumber>{6}));
 }
 
+// So many questions in a column lead to one behind them, which has two exits.
+ChartGraph hub(BoxNumber questions) {
+  ChartGraph graph;
+  for (BoxNumber box = 0; box < questions; ++box) {
+    graph.boxes.push_back({{questions + 1, box + 1}});
+  }
+  graph.boxes.resize(graph.boxes.size() + 4);
+  graph[questions + 1].exits = {questions + 2, questions + 3};
+  return graph;
+}
+
+TEST(Layout, RepeatsABoxOnceForEveryTwoThatLeadToIt) {
+  for (const BoxNumber questions : {2, 3, 4, 8, 15, 200}) {
+    EXPECT_EQ(timesOf(questions + 1, laidOut(hub(questions))), (questions + 1) / 2);
+  }
+}
+
+TEST(Layout, SharesACopyAmongThoseThatCanReachIt) {
+  EXPECT_EQ(picture(hub(4)), (Picture{"0-+",    //
+                                      "| |",    //
+                                      "1-5-6",  //
+                                      "| |",    //
+                                      "2+7",    //
+                                      "|++",    //
+                                      "3-5-6",  //
+                                      "| |",    //
+                                      "4 7"}));
+}
+
+// Every question leads to the next and to the one behind that.
+ChartGraph stairs(BoxNumber count) {
+  ChartGraph graph;
+  for (BoxNumber box = 0; box < count; ++box) graph.boxes.push_back({{box + 1, box + 2}});
+  graph.boxes.resize(graph.boxes.size() + 2);
+  return graph;
+}
+
+TEST(Layout, TurnsABoxWhereThatSavesALine) {
+  EXPECT_EQ(picture(stairs(6)), (Picture{"0-1-+",      //
+                                         "| | |",      //
+                                         "+-2-3-+",    //
+                                         "  | | |",    //
+                                         "  +-4-5-7",  //
+                                         "    | |",    //
+                                         "    6 6"}));
+  EXPECT_TRUE(laidOut(stairs(400)).repeated.empty());
+}
+
+TEST(Layout, TurnsNoBoxThatItsAuthorTurned) {
+  ChartGraph graph = stairs(6);
+  for (GraphBox& box : graph.boxes) box.isTurnFixed = true;
+  const GridChart chart = laidOut(graph).chart;
+  for (const PlacedBox& each : chart.boxes) {
+    if (each.box < 6 && each.exits.yes == Direction::down) ADD_FAILURE() << each.box;
+  }
+}
+
 TEST(Layout, TellsARepeatedPartOnceAndNotWhatItHolds) {
   // The same with a question behind 6: it stands more than once because 6 does.
   const Layout layout = laidOut(graphOf(

@@ -56,6 +56,25 @@ TEST(RandomLayout, WithLoopsHoldsTogetherOrNamesOne) {
   EXPECT_GT(drawn, 350U);
 }
 
+// Without the plans that are tried where lines are missing it would be 3615 boxes; without lines
+// drawn earlier 3483, without boxes hung elsewhere 3495, without turned ones 3528.
+TEST(RandomLayout, RepeatsFewBoxes) {
+  std::size_t boxes = 0;
+  for (std::uint32_t seed = 0; seed < 100; ++seed) {
+    boxes += std::get<Layout>(layOut(randomGraph(30, 4, false, seed))).chart.boxes.size();
+  }
+  EXPECT_LE(boxes, 3475U);
+}
+
+// Without these plans, only 62 of the charts could be drawn.
+TEST(RandomLayout, FindsAWayForMostLinesBack) {
+  std::size_t drawn = 0;
+  for (std::uint32_t seed = 0; seed < 100; ++seed) {
+    drawn += std::holds_alternative<Layout>(layOut(randomGraph(30, 4, true, seed))) ? 1U : 0U;
+  }
+  EXPECT_GE(drawn, 74U);
+}
+
 TEST(RandomLayout, IsAlwaysTheSame) {
   const ChartGraph graph = randomGraph(80, 8, false, 5);
   const GridChart first = std::get<Layout>(layOut(graph)).chart;
@@ -87,7 +106,7 @@ TEST(RandomLayout, IsTheSameEverywhere) {
   for (const PlacedConnector& each : chart.connectors) {
     add(each.cell.x), add(each.cell.y), add(each.into), add(each.outOf);
   }
-  EXPECT_EQ(sum, 6'471'545'803'818'058'443U) << "another layout needs another sum";
+  EXPECT_EQ(sum, 351'959'385'935'328'743U) << "another layout needs another sum";
 }
 
 // A chart's cells by their places.
@@ -217,7 +236,7 @@ TEST(RandomLayout, OfATreeKeepsEverySubtreeThatAnAddedEndIsNotIn) {
 }
 
 TEST(RandomLayout, WithSharedBoxesKeepsThemToo) {
-  for (std::uint32_t seed = 0; seed < 500; ++seed) {
+  for (std::uint32_t seed = 0; seed < 250; ++seed) {
     expectSubtreesKept(2 + seed % 80, 2 + seed % 10, seed);
   }
 }

@@ -84,6 +84,8 @@ TEST(SourceReader, KnowsEntriesTurnsAndWidths) {
   EXPECT_EQ(chart[0].turn, Turn::down);
   EXPECT_EQ(chart[0].text.lines, (Strings{"twelve", "or more?"}));
   EXPECT_EQ(chart[1].turn, Turn::right);
+  EXPECT_FALSE(chart.graph()[0].isTurnFixed);  // the turn of the chart
+  EXPECT_TRUE(chart.graph()[1].isTurnFixed);   // its own
   EXPECT_EQ(chart[1].id, "b");
 }
 
