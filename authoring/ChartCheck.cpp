@@ -94,6 +94,7 @@ ReadChart readChartOf(const ChartSource& source, const SourceFile& file) {
     chart.boxes.push_back({static_cast<std::uint32_t>(chart.boxes.size()), box.exits});
   }
   chart.placeOf = [&source](BoxNumber box) { return source[box].place; };
+  chart.lineOf = [&source](BoxNumber box) { return source[box].place.line; };
   chart.placeOfWord = [&file](const TextLines& text, Place place, std::size_t offset,
                               const std::string& word) {
     return placeOfWord(file, text, place, offset, word);
@@ -114,32 +115,40 @@ BoxContent contentOf(const FvNode& node, const SourceFile& file) {
   content.comment = TextLines(file, node.comment);
   content.linkPlace = {node.linkLine(), 1};
   content.link = file.line(node.linkLine());
+  if (!content.link.empty() && content.link.back() == '\r') content.link.remove_suffix(1);
   return content;
 }
 
-// The root is the first box of a file.
-ReadChart readChartOf(const FvFile& read, const std::vector<ByAnswer<BoxNumber>>& exits,
-                      const SourceFile& file) {
+// Without its boxes, which have to be read and to be walked.
+ReadChart textsOf(const FvFile& read, const SourceFile& file) {
   ReadChart chart;
   chart.introPlace = placeOf(read.intro);
   chart.intro = TextLines(file, read.intro);
   chart.width = widestInFiles;
   chart.contentCount = read.nodes.size();
   chart.content = [&](std::size_t content) { return contentOf(read.nodes[content], file); };
-  for (std::size_t i = 0; i < read.boxes.size(); ++i) {
-    chart.boxes.push_back({static_cast<std::uint32_t>(read.boxes[i].node), exits[i]});
-  }
   chart.placeOfWord = [](const TextLines& text, Place, std::size_t offset, const std::string&) {
     return text.placeOf(offset);
-  };
-  chart.placeOf = [&](BoxNumber box) {
-    return placeOfNumber(file, read.boxes[static_cast<std::size_t>(box)].line, 0);
   };
   return chart;
 }
 
-void checkMeaning(const ReadChart& chart, const Catalogue& catalogue, CheckedChart& checked) {
-  checkMeaning(chart, catalogue, checked.found);
+// The root is the first box of a file, as it is of a chart that has just been made.
+void addBoxes(ReadChart& chart, const FvFile& read, const std::vector<ByAnswer<BoxNumber>>& exits,
+              const SourceFile& file) {
+  for (std::size_t i = 0; i < read.boxes.size(); ++i) {
+    chart.boxes.push_back({static_cast<std::uint32_t>(read.boxes[i].node), exits[i]});
+  }
+  chart.lineOf = [&](BoxNumber box) -> std::size_t {
+    return read.boxes[static_cast<std::size_t>(box)].line;
+  };
+  chart.placeOf = [&](BoxNumber box) {
+    return placeOfNumber(file, read.boxes[static_cast<std::size_t>(box)].line, 0);
+  };
+}
+
+void checkTexts(const ReadChart& chart, const Catalogue& catalogue, CheckedChart& checked) {
+  checkTexts(chart, catalogue, checked.found);
   const std::unordered_set<std::string_view> names(catalogue.begin(), catalogue.end());
   for (std::size_t i = 0; i < chart.contentCount; ++i) {
     const BoxContent content = chart.content(i);
@@ -155,16 +164,24 @@ void checkSource(const SourceFile& file, const Catalogue& catalogue, CheckedChar
   checked.place = source.chartPlace;
   checked.mayBeUnlinked = source.isEntry;
   if (!checked.name.empty()) checkFileName(source, file.name(), checked.found);
-  checkMeaning(readChartOf(source, file), catalogue, checked);
+  const ReadChart chart = readChartOf(source, file);
+  checkTexts(chart, catalogue, checked);
+  checkWays(chart, checked.found);
 }
 
+// Texts don't depend on cells, nor does their meaning.
 void checkFv(const SourceFile& file, const Catalogue& catalogue, CheckedChart& checked) {
   const std::optional<FvFile> read = readFv(file, checked.found);
-  if (!read || !read->hasAllCells) return;
+  if (!read) return;
+  ReadChart chart = textsOf(*read, file);
+  checkTexts(chart, catalogue, checked);
+  if (!read->hasAllCells) return;
   if (!checkSize(*read, file, checked.found)) return;  // no reader gets as far as a walk
+  const std::size_t errors = checked.found.count(Severity::error);
   const auto exits = checkWalk(*read, file, checked.found);
-  if (checked.found.hasErrors()) return;
-  checkMeaning(readChartOf(*read, exits, file), catalogue, checked);
+  if (checked.found.count(Severity::error) > errors) return;
+  addBoxes(chart, *read, exits, file);
+  checkWays(chart, checked.found);
 }
 
 }  // namespace

@@ -77,14 +77,15 @@ std::string nameOf(Code code) {
 
 const std::vector<Code>& allCodes() {
   static const std::vector<Code> codes = codesFrom(
-      {{101, 127}, {201, 210}, {301, 303}, {401, 414}, {501, 509}, {601, 616}, {701, 702}});
+      {{101, 127}, {201, 210}, {301, 303}, {401, 415}, {501, 509}, {601, 617}, {701, 702}});
   return codes;
 }
 
 Severity severityOf(Code code) {
-  if (code == Code::repeated || code == Code::nobodyLinks) return Severity::note;
-  const bool isMeaning = code >= Code::oneExit || code == Code::numbersLeftOver;
-  return isMeaning ? Severity::warning : Severity::error;
+  if (code == Code::repeated || code == Code::pathsNotSearched || code == Code::nobodyLinks) {
+    return Severity::note;
+  }
+  return code >= Code::oneExit ? Severity::warning : Severity::error;
 }
 
 void Diagnostics::add(Code code, Place place, std::string text, std::string cure) {

@@ -80,6 +80,7 @@ enum class Code : std::uint16_t {
   badDirection = 412,
   leftOver = 413,
   noBoxes = 414,
+  byteOrderMarkInFile = 415,
 
   rootElsewhere = 501,
   doubleCell = 502,
@@ -107,6 +108,7 @@ enum class Code : std::uint16_t {
   rangeSpelling = 614,
   suitSpelling = 615,
   noEnd = 616,
+  pathsNotSearched = 617,
 
   linkWithoutFile = 701,
   nobodyLinks = 702,

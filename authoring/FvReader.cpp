@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "authoring/FvScreening.h"
 #include "authoring/NumberLine.h"
 #include "text/Text.h"
-#include "text/Utf8.h"
 
 namespace tavrel::authoring {
 namespace {
@@ -17,12 +17,6 @@ constexpr const char* countBefore = "write it, or mend the count of the lines be
 
 // Tabs and other blanks may part numbers; in texts they have no business.
 bool isBlankControl(char byte) { return byte == '\t' || byte == '\v' || byte == '\f'; }
-
-bool isControl(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  const bool mayStand = byte == '\n' || byte == '\r' || isBlankControl(byte);
-  return (value < ' ' && !mayStand) || value == 0x7F;
-}
 
 // A piece of the file in a message, short and fit to be printed.
 std::string quoted(std::string_view text) {
@@ -70,20 +64,32 @@ class Reader {
     end_ = file.lineCount() + (endsOpen ? 1 : 0);
   }
 
-  std::optional<FvFile> read() try {
-    screen();
-    readTexts({1, 2}, {"the two header lines"}, {});
-    next_ = 3;
-    read_.intro = readText({"lines of the introduction"});
-    readNodes();
-    readCells();
-    checkRest();
-    return std::move(read_);
-  } catch (const Unreadable&) {
-    return std::nullopt;
+  std::optional<FvFile> read() {
+    if (!mayFvBeRead(file_, found_)) return std::nullopt;
+    const bool isRead = readAll();
+    blankControls_.say(file_, Code::controlInFile, "a control character stands in a text",
+                       "write blanks instead", found_);
+    return isRead ? std::optional(std::move(read_)) : std::nullopt;
   }
 
  private:
+  // Whether it came to the end of the nodes, at least.
+  bool readAll() {
+    bool hasNodes = false;
+    try {
+      readTexts({1, 2}, {"the two header lines"}, {});
+      next_ = 3;
+      read_.intro = readText({"lines of the introduction"});
+      readNodes();
+      hasNodes = true;
+      readCells();
+      checkRest();
+    } catch (const Unreadable&) {
+      read_.hasAllCells = false;
+    }
+    return hasNodes;
+  }
+
   // A number of lines or cells, and where it stands.
   struct Count {
     std::int64_t number = 0;
@@ -95,27 +101,6 @@ class Reader {
   }
 
   Place lastPlace() const { return file_.placeOf(file_.bytes().size()); }
-
-  // --- bytes ----------------------------------------------------------------------
-
-  template <typename IsWanted>
-  void screen(const IsWanted& isWanted, Code code, const char* text, const char* cure) {
-    const std::string_view bytes = file_.bytes();
-    const auto at = std::find_if(bytes.begin(), bytes.end(), isWanted);
-    if (at == bytes.end()) return;
-    found_.add(code, file_.placeOf(static_cast<std::size_t>(at - bytes.begin())), text, cure);
-  }
-
-  void screen() {
-    const std::size_t wrong = firstThatIsNotUtf8(file_.bytes());
-    if (wrong != std::string_view::npos) {
-      found_.add(Code::fileNotUtf8, file_.placeOf(wrong), "the bytes here are not UTF-8",
-                 "save the file in the encoding UTF-8");
-    }
-    screen([](char byte) { return byte == '\r'; }, Code::carriageReturn,
-           "a carriage return stands here", "save the file with plain line feeds");
-    screen(isControl, Code::controlInFile, "a control character stands here", "take it away");
-  }
 
   // --- lines ----------------------------------------------------------------------
 
@@ -131,11 +116,9 @@ class Reader {
 
   void checkText(std::size_t line) {
     const std::string_view text = file_.line(line);
-    const auto at = std::find_if(text.begin(), text.end(), isBlankControl);
-    if (at == text.end() || hasBlankControl_) return;
-    hasBlankControl_ = true;
-    found_.add(Code::controlInFile, placeIn(line, static_cast<std::size_t>(at - text.begin())),
-               "a control character stands in a text", "write blanks instead");
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      if (isBlankControl(text[at])) blankControls_.add(file_.startOf(line) + at);
+    }
   }
 
   [[noreturn]] void endsWithin(const std::string& what) {
@@ -328,7 +311,7 @@ class Reader {
   FvFile read_;
   std::size_t next_ = 1;  // the next line to be read
   std::size_t end_ = 1;   // behind the last line
-  bool hasBlankControl_ = false;
+  Places blankControls_;  // in texts
 };
 
 }  // namespace

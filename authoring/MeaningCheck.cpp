@@ -10,15 +10,16 @@
 #include <utility>
 #include <vector>
 
+#include "authoring/RepeatedQuestions.h"
 #include "authoring/Spelling.h"
 #include "text/Text.h"
 
 namespace tavrel::authoring {
 namespace {
 
-constexpr std::size_t mostLines = 6;          // that still look like a box
-constexpr std::size_t mostMeasured = 10'000;  // bytes of a line, which is too wide by then
-constexpr std::size_t mostSteps = 10'000'000;
+constexpr std::size_t mostLines = 6;           // that still look like a box
+constexpr std::size_t mostMeasured = 10'000;   // bytes of a line, which is too wide by then
+constexpr std::size_t mostQuestions = 50'000;  // that are looked for on paths
 
 // Where walks from some boxes get to.
 class Reach {
@@ -50,12 +51,15 @@ class Reach {
 
 class MeaningCheck {
  public:
-  MeaningCheck(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found)
-      : chart_(chart), names_(catalogue.begin(), catalogue.end()), found_(found) {}
+  MeaningCheck(const ReadChart& chart, Diagnostics& found) : chart_(chart), found_(found) {}
 
-  void check() {
+  void checkTexts(const Catalogue& catalogue) {
+    names_.insert(catalogue.begin(), catalogue.end());
     checkIntroduction();
     for (std::size_t i = 0; i < chart_.contentCount; ++i) checkContent(chart_.content(i));
+  }
+
+  void checkWays() {
     checkBoxes();
     checkReach();
     checkEnds();
@@ -78,9 +82,7 @@ class MeaningCheck {
   void checkContent(const BoxContent& content) {
     checkSize(content);
     checkSpelling(content.text, content.textPlace, "the text");
-    if (const auto call = misspelledLoneCall(content.text.joined())) {
-      report(*call, content.text, content.textPlace, "the text");
-    }
+    checkLoneCall(content);
     if (content.comment.size() == 0) {
       found_.add(Code::noComment, content.commentPlace, "the box has no comment",
                  "say why, or give an example");
@@ -113,6 +115,15 @@ class MeaningCheck {
                "a call is written as " + call.written + " in " + where, "write " + call.wanted);
   }
 
+  // Of a call that is misspelled anywhere enough has been said.
+  void checkLoneCall(const BoxContent& content) {
+    const std::string text = content.text.joined();
+    const auto call = misspelledLoneCall(text);
+    if (call && misspelledCalls(text).empty()) {
+      report(*call, content.text, content.textPlace, "the text");
+    }
+  }
+
   void checkSpelling(const TextLines& lines, Place place, const std::string& where) {
     const std::string text = lines.joined();
     for (const Misspelling& call : misspelledCalls(text)) report(call, lines, place, where);
@@ -139,10 +150,38 @@ class MeaningCheck {
   // --- boxes ----------------------------------------------------------------------
 
   void checkBoxes() {
+    const std::vector<bool> haveMarks = contentsWithMarks();
     std::vector<bool> isWarned(chart_.contentCount, false);  // of the question mark
     for (BoxNumber number = 0; number < boxCount(); ++number) {
       checkExits(number);
-      if (!isWarned[chart_[number].content]) isWarned[chart_[number].content] = warnsOfMark(number);
+      const ReadBox& box = chart_[number];
+      if (isWarned[box.content] || box.isEnd() != haveMarks[box.content]) continue;
+      isWarned[box.content] = true;
+      warnOfMark(box);
+    }
+  }
+
+  std::vector<bool> contentsWithMarks() const {
+    std::vector<bool> haveMarks;
+    for (std::size_t i = 0; i < chart_.contentCount; ++i) {
+      const TextLines text = chart_.content(i).text;
+      bool hasMark = false;
+      for (std::size_t line = 0; line < text.size() && !hasMark; ++line) {
+        hasMark = text[line].find('?') != std::string_view::npos;
+      }
+      haveMarks.push_back(hasMark);
+    }
+    return haveMarks;
+  }
+
+  void warnOfMark(const ReadBox& box) {
+    const Place place = chart_.content(box.content).textPlace;
+    if (box.isEnd()) {
+      found_.add(Code::questionAtEnd, place, "a question stands at an end",
+                 "say what to bid, or lead the answers on");
+    } else {
+      found_.add(Code::noQuestionMark, place, "the question has no question mark",
+                 "ask for yes or no");
     }
   }
 
@@ -169,23 +208,6 @@ class MeaningCheck {
   bool isSameForReaders(BoxNumber a, BoxNumber b) const {
     return a == b ||
            (chart_[a].content == chart_[b].content && chart_[a].isEnd() && chart_[b].isEnd());
-  }
-
-  bool warnsOfMark(BoxNumber number) {
-    const BoxContent content = chart_.content(chart_[number].content);
-    bool hasMark = false;
-    for (std::size_t i = 0; i < content.text.size() && !hasMark; ++i) {
-      hasMark = content.text[i].find('?') != std::string_view::npos;
-    }
-    const bool isEnd = chart_[number].isEnd();
-    if (!isEnd && !hasMark) {
-      found_.add(Code::noQuestionMark, content.textPlace, "the question has no question mark",
-                 "ask for yes or no");
-    } else if (isEnd && hasMark) {
-      found_.add(Code::questionAtEnd, content.textPlace, "a question stands at an end",
-                 "say what to bid, or lead the answers on");
-    }
-    return isEnd == hasMark;
   }
 
   // --- ways -----------------------------------------------------------------------
@@ -283,61 +305,52 @@ class MeaningCheck {
     }
   }
 
-  // Questions with the same text, as groups of at least two.
-  std::vector<std::vector<BoxNumber>> sameQuestions() const {
-    std::unordered_map<std::string, std::vector<BoxNumber>> byText;
-    for (BoxNumber number = 0; number < boxCount(); ++number) {
-      if (chart_[number].isEnd()) continue;
-      byText[chart_.content(chart_[number].content).text.joined()].push_back(number);
+  // --- paths ----------------------------------------------------------------------
+
+  // By content, the number of its text; texts that are the same have one number.
+  std::vector<QuestionNumber> textNumbers() const {
+    std::vector<QuestionNumber> numbers;
+    std::unordered_map<std::string, QuestionNumber> byText;
+    for (std::size_t i = 0; i < chart_.contentCount; ++i) {
+      const auto next = static_cast<QuestionNumber>(byText.size());
+      numbers.push_back(byText.emplace(chart_.content(i).text.joined(), next).first->second);
     }
-    std::vector<std::vector<BoxNumber>> groups;
-    for (auto& [text, boxes] : byText) {
-      if (boxes.size() > 1) groups.push_back(std::move(boxes));
-    }
-    std::sort(groups.begin(), groups.end());
-    return groups;
+    return numbers;
   }
 
   void checkPaths() {
-    std::vector<std::size_t> groupOf(chart_.boxes.size(), 0);
-    std::vector<std::size_t> seen(chart_.boxes.size(), 0);
-    std::size_t group = 0, steps = 0;
-    for (const std::vector<BoxNumber>& boxes : sameQuestions()) {
-      ++group;
-      for (const BoxNumber box : boxes) groupOf[static_cast<std::size_t>(box)] = group;
-      for (const BoxNumber box : boxes) {
-        if (steps >= mostSteps) return;
-        steps += lookBehind(box, group, groupOf, seen);
-      }
+    const std::vector<QuestionNumber> texts = textNumbers();
+    std::vector<std::uint32_t> boxes(texts.size(), 0);  // by text, that ask it
+    for (const ReadBox& box : chart_.boxes) {
+      if (!box.isEnd()) ++boxes[texts[box.content]];
     }
+    std::vector<QuestionNumber> byText(texts.size(), noQuestion), questions;
+    std::uint32_t count = 0;
+    for (const ReadBox& box : chart_.boxes) {
+      const QuestionNumber text = texts[box.content];
+      const bool isShared = !box.isEnd() && boxes[text] > 1;
+      if (isShared && byText[text] == noQuestion) byText[text] = count++;
+      questions.push_back(isShared ? byText[text] : noQuestion);
+    }
+    checkPaths(questions, count);
   }
 
-  // Follows the exits from a question until its text comes again. What was seen behind another
-  // question of the group is not looked at again. Returns the steps it took.
-  std::size_t lookBehind(BoxNumber first, std::size_t group, std::vector<std::size_t>& groupOf,
-                         std::vector<std::size_t>& seen) {
-    std::size_t steps = 0;
-    std::vector<BoxNumber> way = {first};
-    while (!way.empty()) {
-      const BoxNumber box = way.back();
-      way.pop_back();
-      for (const Answer answer : answers) {
-        const BoxNumber next = chart_[box].exits[answer];
-        if (next == noBox || next == first || seen[static_cast<std::size_t>(next)] == group)
-          continue;
-        seen[static_cast<std::size_t>(next)] = group;
-        ++steps;
-        if (groupOf[static_cast<std::size_t>(next)] != group) {
-          way.push_back(next);
-          continue;
-        }
-        const Place place = chart_.placeOf(first);
-        found_.add(Code::sameQuestionTwice, chart_.placeOf(next),
-                   "the question was asked already, on line " + std::to_string(place.line),
-                   "the answer is known here: leave the question out");
-      }
+  void checkPaths(const std::vector<QuestionNumber>& questions, std::size_t count) {
+    if (count > mostQuestions) {
+      found_.add(Code::pathsNotSearched, chart_.placeOf(chart_.start),
+                 std::to_string(count) +
+                     " questions are asked by several boxes each, too many to look for one that "
+                     "comes twice on a path",
+                 "split the chart into several");
+      return;
     }
-    return steps;
+    for (const RepeatedQuestion& repeated : repeatedQuestions(chart_, questions, count)) {
+      found_.add(Code::sameQuestionTwice, chart_.placeOf(repeated.box),
+                 repeated.asked == noBox ? "the question was asked already, on the way here"
+                                         : "the question was asked already, on line " +
+                                               std::to_string(chart_.lineOf(repeated.asked)),
+                 "the answer is known here: leave the question out");
+    }
   }
 
   const ReadChart& chart_;
@@ -347,8 +360,12 @@ class MeaningCheck {
 
 }  // namespace
 
-void checkMeaning(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found) {
-  MeaningCheck(chart, catalogue, found).check();
+void checkTexts(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found) {
+  MeaningCheck(chart, found).checkTexts(catalogue);
+}
+
+void checkWays(const ReadChart& chart, Diagnostics& found) {
+  MeaningCheck(chart, found).checkWays();
 }
 
 }  // namespace tavrel::authoring

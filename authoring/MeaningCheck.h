@@ -9,12 +9,16 @@
 
 namespace tavrel::authoring {
 
-/// Warns of what is likely to be a mistake although the chart can be walked. What several boxes
-/// share is warned of once.
+/// Warns of what is likely to be a mistake in the introduction and the contents of the boxes,
+/// whatever ways lead through the chart. What several boxes share is warned of once. Cost: linear.
+void checkTexts(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found);
+
+/// Warns of what is likely to be a mistake in the ways through the chart.
 ///
-/// Cost: linear, but for the questions that stand on one path twice: these are looked for in
-/// steps along the exits, ten million at most, which is enough for any chart of 3,000 boxes.
-void checkMeaning(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found);
+/// Cost: linear, but for the questions that stand on one path twice: these are found in linear
+/// time for each 256 questions that several boxes ask. Beyond 50,000 such questions a note says
+/// that they aren't looked for; a file of 2 MB has no room for so many.
+void checkWays(const ReadChart& chart, Diagnostics& found);
 
 }  // namespace tavrel::authoring
 

@@ -35,13 +35,10 @@ class TextLines {
     return text;
   }
 
-  /// Where a byte of joined() stands. REQUIRES: the lines are those of a file, and not none.
+  /// Where a byte of joined() stands: in the file blanks are line feeds. REQUIRES: the lines are
+  /// those of a file, and not none.
   Place placeOf(std::size_t offset) const {
-    LineNumber line = lines_.first;
-    for (; line + 1 < lines_.first + lines_.count && offset > file_->line(line).size(); ++line) {
-      offset -= file_->line(line).size() + 1;
-    }
-    return file_->placeOf(file_->startOf(line) + offset);
+    return file_->placeOf(file_->startOf(lines_.first) + offset);
   }
 
  private:
@@ -77,6 +74,7 @@ struct ReadChart {
   BoxNumber start = 0;
   std::vector<ReadBox> boxes;
   std::function<Place(BoxNumber box)> placeOf;
+  std::function<std::size_t(BoxNumber box)> lineOf;  ///< that of the place
   /// Where a word stands that has the offset in the joined lines of a text.
   std::function<Place(const TextLines& text, Place place, std::size_t offset,
                       const std::string& word)>

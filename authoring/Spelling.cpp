@@ -33,10 +33,32 @@ constexpr std::array words = {
     Spelling{"dbl", "X"},     Spelling{"Rdbl", "XX"},  Spelling{"RDBL", "XX"},
     Spelling{"rdbl", "XX"},   Spelling{"Redbl", "XX"}, Spelling{"redbl", "XX"}};
 
-constexpr std::array loneCalls = {Spelling{"pass", "Pass"},   Spelling{"double", "X"},
-                                  Spelling{"Double", "X"},    Spelling{"redouble", "XX"},
-                                  Spelling{"Redouble", "XX"}, Spelling{"x", "X"},
-                                  Spelling{"xx", "XX"}};
+// "raise to 2 ♣"; what is "up to 4 ♠" is a hand.
+constexpr std::array movers = {"raise", "raises", "jump", "jumps", "go", "goes"};
+
+// "a 2 ♣ opening"
+constexpr std::array articles = {"a", "an", "the", "his", "her", "your", "partner"};
+constexpr std::array nouns = {"opening",   "openings", "overcall", "overcalls",
+                              "responses", "response", "contract"};
+
+constexpr std::array loneCalls = {
+    Spelling{"pass", "Pass"},   Spelling{"double", "X"},    Spelling{"Double", "X"},
+    Spelling{"redouble", "XX"}, Spelling{"Redouble", "XX"}, Spelling{"x", "X"},
+    Spelling{"xx", "XX"},       Spelling{"Xx", "XX"},       Spelling{"xX", "XX"}};
+
+constexpr std::array rightCalls = {"Pass", "X", "XX"};
+constexpr std::array strains = {"NT", "♣", "♦", "♥", "♠"};
+
+constexpr std::array units = {"HCP", "hcp", "Hcp", "pts", "points"};
+
+constexpr std::array months = {"Jan",  "January", "Feb",    "February", "Mar",  "March",
+                               "Apr",  "April",   "May",    "Jun",      "June", "Jul",
+                               "July", "Aug",     "August", "Sep",      "Sept", "September",
+                               "Oct",  "October", "Nov",    "November", "Dec",  "December"};
+
+// Behind two lengths of suits: "4-5 in the majors", "a 2-4 break".
+constexpr std::array afterShapes = {"in",     "shape", "fit",    "fits",   "break",
+                                    "breaks", "split", "splits", "majors", "minors"};
 
 constexpr std::array dashes = {std::string_view("-"), std::string_view("‐"), std::string_view("‑"),
                                std::string_view("‒"), std::string_view("—"), std::string_view("−")};
@@ -69,27 +91,81 @@ std::string lowerCase(std::string_view text) {
   return lower;
 }
 
-// The word that ends with the blank before an offset.
-std::string wordBefore(std::string_view text, std::size_t offset) {
-  if (offset < 2 || text[offset - 1] != ' ') return "";
-  std::size_t begin = offset - 1;
-  while (begin > 0 && isLetter(text[begin - 1])) --begin;
-  return lowerCase(text.substr(begin, offset - 1 - begin));
+template <typename List>
+bool isOneOf(const List& list, std::string_view word) {
+  return std::find(list.begin(), list.end(), word) != list.end();
 }
 
-// "2 ♣" behind "bid", at an offset.
-std::optional<Misspelling> spacedBid(std::string_view text, std::size_t offset) {
-  const std::string_view rest = text.substr(offset + 1);
-  if (!startsWith(rest, " ")) return std::nullopt;
-  const auto suit = std::find_if(suits.begin(), suits.end(), [rest](const Spelling& each) {
-    return startsWith(rest.substr(1), each.wanted);
-  });
-  if (suit == suits.end()) return std::nullopt;
-  const std::string verb = wordBefore(text, offset);
-  if (std::find(verbs.begin(), verbs.end(), verb) == verbs.end()) return std::nullopt;
+bool endsWord(std::string_view rest) { return rest.empty() || !isWordByte(rest.front()); }
+
+// Where the word begins that ends with the blank before an offset; the offset if none does.
+std::size_t beginningOfWordBefore(std::string_view text, std::size_t offset) {
+  if (offset < 2 || text[offset - 1] != ' ') return offset;
+  std::size_t begin = offset - 1;
+  while (begin > 0 && isLetter(text[begin - 1])) --begin;
+  return begin;
+}
+
+// The word that ends with the blank before an offset.
+std::string wordBefore(std::string_view text, std::size_t offset) {
+  const std::size_t begin = beginningOfWordBefore(text, offset);
+  return begin == offset ? "" : lowerCase(text.substr(begin, offset - 1 - begin));
+}
+
+// The word that begins behind a blank.
+std::string_view wordAfterBlank(std::string_view rest) {
+  return startsWith(rest, " ") ? rest.substr(1, letters(rest.substr(1))) : std::string_view();
+}
+
+// Whether what stands between two offsets is a call, by the words round it.
+bool isCallMeant(std::string_view text, std::size_t begin, std::size_t end) {
+  const std::string before = wordBefore(text, begin);
+  if (isOneOf(verbs, before)) return true;
+  if (before == "to") {
+    return isOneOf(movers, wordBefore(text, beginningOfWordBefore(text, begin)));
+  }
+  return isOneOf(articles, before) && isOneOf(nouns, wordAfterBlank(text.substr(end)));
+}
+
+bool isInParentheses(std::string_view text, std::size_t begin, std::size_t end) {
+  return begin > 0 && text[begin - 1] == '(' && startsWith(text.substr(end), ")");
+}
+
+// "2s", "1 N" and "2 ♣", which may be cards as well: nothing for what can't be a call. REQUIRES:
+// a level stands at the offset.
+std::optional<Misspelling> doubtfulBid(std::string_view text, std::size_t offset) {
   const std::string level(text.substr(offset, 1));
-  return Misspelling{offset, level + " " + std::string(suit->wanted),
-                     level + std::string(suit->wanted)};
+  const std::string_view rest = text.substr(offset + 1);
+  const std::size_t blank = startsWith(rest, " ") ? 1 : 0;
+  const auto bid = [&](std::string_view strain, std::string_view wanted) {
+    const std::string_view behind = rest.substr(std::min(rest.size(), blank + strain.size()));
+    const bool is = startsWith(rest.substr(blank), strain) && endsWord(behind);
+    return is ? std::optional(
+                    Misspelling{offset, level + std::string(rest.substr(0, blank + strain.size())),
+                                level + std::string(wanted)})
+              : std::nullopt;
+  };
+  if (auto spades = bid("s", "♠")) return spades;
+  if (blank == 0) return std::nullopt;
+  for (const std::string_view strain : {"N", "n"}) {
+    if (auto notrump = bid(strain, "NT")) return notrump;
+  }
+  for (const Spelling& suit : suits) {
+    if (auto right = bid(suit.wanted, suit.wanted)) return right;
+    if (auto wrong = bid(suit.written, suit.wanted)) return wrong;
+  }
+  return std::nullopt;
+}
+
+// The same where a call is meant.
+std::optional<Misspelling> doubtfulBidAmongWords(std::string_view text, std::size_t offset) {
+  auto found = doubtfulBid(text, offset);
+  if (!found) return std::nullopt;
+  const std::size_t end = offset + found->written.size();
+  const bool isCards = found->written.size() > 3;  // "(4 ♠)" may be four of them
+  const bool isMeant =
+      isCallMeant(text, offset, end) || (!isCards && isInParentheses(text, offset, end));
+  return isMeant ? found : std::nullopt;
 }
 
 // The call that begins with the level at the text's start.
@@ -98,8 +174,7 @@ std::optional<Misspelling> misspelledBid(std::string_view text) {
   const std::string_view rest = text.substr(1);
   for (const Spelling& suit : suits) {
     if (!startsWith(rest, suit.written)) continue;
-    const std::string_view next = rest.substr(suit.written.size());
-    if (!next.empty() && isWordByte(next.front())) continue;
+    if (!endsWord(rest.substr(suit.written.size()))) continue;
     return Misspelling{0, level + std::string(suit.written), level + std::string(suit.wanted)};
   }
   const std::size_t blank = startsWith(rest, " ") ? 1 : 0;
@@ -110,12 +185,16 @@ std::optional<Misspelling> misspelledBid(std::string_view text) {
   return Misspelling{0, level + std::string(rest.substr(0, blank + word.size())), level + "NT"};
 }
 
-std::optional<Misspelling> misspelledWord(std::string_view text) {
-  const std::string_view word = text.substr(0, letters(text));
+std::optional<Misspelling> misspelledWord(std::string_view text, std::size_t offset) {
+  const std::string_view word = text.substr(offset, letters(text.substr(offset)));
+  const std::size_t end = offset + word.size();
+  if (word == "Xx" && (isCallMeant(text, offset, end) || isInParentheses(text, offset, end))) {
+    return Misspelling{offset, "Xx", "XX"};
+  }
   const auto found = std::find_if(words.begin(), words.end(),
                                   [word](const Spelling& each) { return each.written == word; });
   if (found == words.end()) return std::nullopt;
-  return Misspelling{0, std::string(word), std::string(found->wanted)};
+  return Misspelling{offset, std::string(word), std::string(found->wanted)};
 }
 
 // Up to three digits, as bridge has them; 0 for more.
@@ -125,26 +204,105 @@ int numberOf(std::string_view text) {
   return number;
 }
 
+// Two numbers with a dash between them, at the start of a text.
+struct Span {
+  std::string_view low, dash, high;
+  bool isSpaced = false;  // a blank on either side of the dash
+  std::string_view rest;  // of the text
+};
+
+std::string_view dashAtStart(std::string_view text) {
+  constexpr std::string_view enDash = "–";
+  if (startsWith(text, enDash)) return enDash;
+  for (const std::string_view dash : dashes) {
+    if (startsWith(text, dash)) return dash;
+  }
+  return {};
+}
+
+std::optional<Span> spanAtStart(std::string_view text) {
+  const auto take = [&text](std::size_t size) {
+    const std::string_view taken = text.substr(0, size);
+    text.remove_prefix(size);
+    return taken;
+  };
+  const auto takeBlank = [&] { return !take(startsWith(text, " ") ? 1 : 0).empty(); };
+  Span span;
+  span.low = take(digits(text));
+  span.isSpaced = takeBlank();
+  span.dash = take(dashAtStart(text).size());
+  span.isSpaced = takeBlank() || span.isSpaced;
+  span.high = take(digits(text));
+  span.rest = text;
+  const bool isBridge = span.low.size() <= 3 && span.high.size() <= 3;
+  if (span.dash.empty() || span.high.empty() || !isBridge) return std::nullopt;
+  return span;
+}
+
+// "HCP" at the start of a text; empty if there is none.
+std::string_view unitAtStart(std::string_view text) {
+  const std::string_view word = text.substr(0, letters(text));
+  return isOneOf(units, word) && endsWord(text.substr(word.size())) ? word : std::string_view();
+}
+
+// What goes on behind the second number, such as 4-5=3=1, 2-3rd or 1-4-4-4, is no range.
+bool goesOn(const Span& span) {
+  if (span.rest.empty()) return false;
+  const bool hasThird =
+      span.rest.front() == '-' && (span.isSpaced || digits(span.rest.substr(1)) > 0);
+  return hasThird || span.rest.front() == '=' ||
+         (isWordByte(span.rest.front()) && unitAtStart(span.rest).empty());
+}
+
+// Lengths of two suits rather than from one number to another.
+bool isShape(const Span& span) {
+  constexpr int mostCards = 13, longest = 8;
+  const int low = numberOf(span.low), high = numberOf(span.high);
+  return high <= longest && low + high <= mostCards &&
+         isOneOf(afterShapes, wordAfterBlank(span.rest));
+}
+
+// Whether an en dash stands as it should, or parts two thoughts: "bid 3 – 4 would be too much".
+bool isRightDash(const Span& span) {
+  constexpr int twoDigits = 10;
+  if (span.dash != "–") return false;
+  const bool hasUnit = !unitAtStart(span.rest).empty() || isOneOf(units, wordAfterBlank(span.rest));
+  return !span.isSpaced || (numberOf(span.high) < twoDigits && !hasUnit);
+}
+
 // The range that begins with the number at the text's start.
 std::optional<Misspelling> rangeAtStart(std::string_view text) {
-  const std::size_t first = digits(text);
-  std::size_t at = first;
-  if (startsWith(text.substr(at), " ")) ++at;
-  const auto dash = std::find_if(dashes.begin(), dashes.end(), [&](std::string_view each) {
-    return startsWith(text.substr(at), each);
-  });
-  if (dash == dashes.end()) return std::nullopt;
-  at += dash->size();
-  if (at > first + dash->size() && startsWith(text.substr(at), " ")) ++at;
-  const std::size_t second = digits(text.substr(at));
-  if (second == 0 || first > 3 || second > 3) return std::nullopt;
-  const std::string_view rest = text.substr(at + second);
-  const bool goesOn = !rest.empty() && (isWordByte(rest.front()) || rest.front() == '=' ||
-                                        (rest.front() == '-' && digits(rest.substr(1)) > 0));
-  const std::string_view low = text.substr(0, first), high = text.substr(at, second);
-  if (goesOn || numberOf(low) >= numberOf(high)) return std::nullopt;
-  return Misspelling{0, std::string(text.substr(0, at + second)),
-                     std::string(low) + "–" + std::string(high)};
+  const auto span = spanAtStart(text);
+  if (!span || goesOn(*span) || isRightDash(*span) || isShape(*span)) return std::nullopt;
+  if (numberOf(span->low) >= numberOf(span->high)) return std::nullopt;
+  if (isOneOf(months, wordAfterBlank(span->rest))) return std::nullopt;
+  const std::string unit(unitAtStart(span->rest));
+  const std::size_t size = text.size() - span->rest.size() + unit.size();
+  return Misspelling{
+      0, std::string(text.substr(0, size)),
+      std::string(span->low) + "–" + std::string(span->high) + (unit.empty() ? "" : " " + unit)};
+}
+
+bool isMonth(const std::string& lowerCaseWord) {
+  return std::any_of(months.begin(), months.end(),
+                     [&](const char* month) { return lowerCase(month) == lowerCaseWord; });
+}
+
+// A call and nothing else, rightly written.
+bool isRightCall(std::string_view text) {
+  if (isOneOf(rightCalls, text)) return true;
+  const bool hasLevel = !text.empty() && text.front() >= '1' && text.front() <= '7';
+  return hasLevel && isOneOf(strains, text.substr(1));
+}
+
+// How a call should be written that is no part of a sentence; empty if this is none, or right.
+std::string wantedLoneCall(std::string_view text) {
+  const auto found = std::find_if(loneCalls.begin(), loneCalls.end(),
+                                  [text](const Spelling& each) { return each.written == text; });
+  if (found != loneCalls.end()) return std::string(found->wanted);
+  if (text.empty() || text.front() < '1' || text.front() > '7') return "";
+  const auto bid = doubtfulBid(text, 0);
+  return bid && bid->written == text ? bid->wanted : "";
 }
 
 }  // namespace
@@ -154,12 +312,11 @@ std::vector<Misspelling> misspelledCalls(std::string_view text) {
   for (std::size_t at = 0; at < text.size() && all.size() < mostMisspellings; ++at) {
     if (at > 0 && (isWordByte(text[at - 1]) || text[at - 1] == '-')) continue;
     const bool isLevel = text[at] >= '1' && text[at] <= '7';
-    const std::string_view rest = text.substr(at);
-    auto found = isLevel              ? misspelledBid(rest)
-                 : isLetter(text[at]) ? misspelledWord(rest)
+    auto found = isLevel              ? misspelledBid(text.substr(at))
+                 : isLetter(text[at]) ? misspelledWord(text, at)
                                       : std::nullopt;
     if (found) found->offset = at;
-    if (!found && isLevel) found = spacedBid(text, at);
+    if (!found && isLevel) found = doubtfulBidAmongWords(text, at);
     if (found) all.push_back(*found);
   }
   return all;
@@ -170,24 +327,28 @@ std::optional<Misspelling> misspelledLoneCall(std::string_view text) {
   for (const std::string_view verb : {"Bid ", "Call "}) {
     if (startsWith(text, verb)) text.remove_prefix(verb.size());
   }
-  const auto found = std::find_if(loneCalls.begin(), loneCalls.end(),
-                                  [text](const Spelling& each) { return each.written == text; });
-  if (found == loneCalls.end()) return std::nullopt;
-  return Misspelling{size - text.size(), std::string(text), std::string(found->wanted)};
+  const bool isSentence = text.size() < size;
+  const bool hasStop = !isSentence && !text.empty() && text.back() == '.';
+  const std::string_view call = hasStop ? text.substr(0, text.size() - 1) : text;
+  const std::string wanted =
+      hasStop && isRightCall(call) ? std::string(call) : wantedLoneCall(call);
+  if (wanted.empty()) return std::nullopt;
+  return Misspelling{size - text.size(), std::string(text), wanted};
 }
 
 std::vector<Misspelling> misspelledRanges(std::string_view text) {
   std::vector<Misspelling> all;
   for (std::size_t at = 0; at < text.size() && all.size() < mostMisspellings; ++at) {
     if (!isDigit(text[at])) continue;
-    const std::string_view rest = text.substr(at);
     const char before = at > 0 ? text[at - 1] : ' ';
     const bool begins = !isWordByte(before) && before != '-' && before != '=';
-    auto found = begins ? rangeAtStart(rest) : std::nullopt;
-    at += (found ? found->written.size() : digits(rest)) - 1;
-    if (!found) continue;
-    found->offset = at + 1 - found->written.size();
-    all.push_back(*found);
+    auto found =
+        begins && !isMonth(wordBefore(text, at)) ? rangeAtStart(text.substr(at)) : std::nullopt;
+    if (found) {
+      found->offset = at;
+      all.push_back(*found);
+    }
+    at += (found ? found->written.size() : digits(text.substr(at))) - 1;
   }
   return all;
 }

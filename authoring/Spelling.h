@@ -19,17 +19,19 @@ struct Misspelling {
 };
 
 /// The calls in a text that aren't written as 1NT, 2♣, Pass, X or XX: "1 NT", "1N", "2C", "2!c",
-/// "3♡", "PASS", "Dbl". A blank between a number and a suit is wrong behind a word such as "bid"
-/// alone, since hands are written so; words of English such as "pass" and "double" are right in a
-/// sentence.
+/// "3♡", "PASS", "Dbl". What may be cards as well is wrong only where a call is meant: "2 ♣" and
+/// "1 N" in "bid 2 ♣", "raise to 2 ♣" and "a 2 ♣ opening", "2s" and "Xx" there and in parentheses.
+/// Words of English such as "pass" and "double" are right in a sentence.
 std::vector<Misspelling> misspelledCalls(std::string_view text);
 
 /// The same for a text that is one call and nothing else, but for "Bid" or "Call" before it:
-/// "pass" and "Double" are misspelled there.
+/// "pass", "Double", "2s" and "2 ♣" are misspelled there, and "Pass." with a full stop.
 std::optional<Misspelling> misspelledLoneCall(std::string_view text);
 
-/// The ranges in a text without an en dash: "15-17", "8 - 9". Of two numbers the second has to be
-/// larger, and no third may follow: 5-4 and 4-3-3-3 are shapes.
+/// The ranges in a text without an en dash, with blanks round it, or without a blank behind it:
+/// "15-17", "8 - 9", "15 – 17", "15-17HCP". Of two numbers the second has to be larger, and no
+/// third may follow: 5-4 and 4-3-3-3 are shapes, and so is "4-5 in the majors"; "10-12 July" is
+/// a date.
 std::vector<Misspelling> misspelledRanges(std::string_view text);
 
 /// What begins like !c !d !h !s, and isn't read as a suit: "!S", "!diamonds".

@@ -97,7 +97,7 @@ std::string unescaped(const std::string& text) {
   return bytes;
 }
 
-// "3 × TEXT" stands for three lines.
+// "3 × TEXT" stands for three lines, "3 × TEXT⏎TEXT" for six.
 std::string repeated(const std::string& text) {
   static const std::regex form("([0-9]+) × (.*)");
   std::string all;
@@ -109,7 +109,7 @@ std::string repeated(const std::string& text) {
       continue;
     }
     for (int n = 0; n < std::stoi(parts[1]); ++n) {
-      std::string one = replaced(parts[2], "{n}", std::to_string(n));
+      std::string one = replaced(replaced(parts[2], "⏎", "\n"), "{n}", std::to_string(n));
       for (const int more : {1, 5}) {
         one = replaced(one, "{n+" + std::to_string(more) + "}", std::to_string(n + more));
       }

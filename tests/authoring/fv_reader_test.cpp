@@ -127,16 +127,71 @@ TEST(FvReader, KnowsDirectionsAndNodes) {
   EXPECT_EQ(saidOfCells(goodBoxes, {"0 0 0 -1 4 1 0"}), (Said{"26:7 T0412", "26:10 T0412"}));
 }
 
-TEST(FvReader, SaysOnceWhichBytesDontBelongInTexts) {
+TEST(FvReader, SaysWhichBytesDontBelongInTexts) {
   EXPECT_EQ(saidOfFv(changed("When", "Wh\xC3")), (Said{"4:3 T0401"}));
   EXPECT_EQ(saidOfFv(changed("When", "W\r\n")).front(), "4:2 T0402");
   EXPECT_EQ(saidOfFv(changed("When", std::string("Wh\0n", 4))), (Said{"4:3 T0403"}));
-  EXPECT_EQ(saidOfFv(changed("When", "♣\tn\t")), (Said{"4:2 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "♣\tn\t")), (Said{"4:2 T0403", "4:4 T0403"}));
   EXPECT_EQ(saidOfFv(changed("When", "Wh\vn")), (Said{"4:3 T0403"}));
   EXPECT_EQ(saidOfFv(changed("When", "Wh\fn")), (Said{"4:3 T0403"}));
   EXPECT_EQ(saidOfFv(changed("When to open.\n3 nodes\n1\nA", "\tWhen\n3 nodes\n1\n\tA")),
-            (Said{"4:1 T0403"}));
+            (Said{"4:1 T0403", "7:1 T0403"}));
   EXPECT_EQ(saidOfFv(changed("When", "Wh\x7F")), (Said{"4:3 T0403"}));
+}
+
+TEST(FvReader, KnowsTheControlCharactersBeyondAscii) {
+  EXPECT_EQ(saidOfFv(changed("When", "♣\u0085n")), (Said{"4:2 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "\u009Fn\u0080")), (Said{"4:1 T0403", "4:3 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "£ \u00A0")), Said{});  // with C2 as their first bytes
+  EXPECT_EQ(saidOfFv(goodFile + "\xC2"), (Said{"27:1 T0401", "27:1 T0413"}));
+}
+
+TEST(FvReader, FindsByteOrderMarksWhereverTheyStand) {
+  EXPECT_EQ(saidOfFv("\uFEFF" + goodFile), (Said{"1:1 T0415"}));
+  EXPECT_EQ(saidOfFv("\uFEFF\uFEFF" + changed("When", "\uFEFF")),
+            (Said{"1:1 T0415", "1:2 T0415", "4:1 T0415"}));
+  EXPECT_EQ(saidOfFv(changed("3 nodes", "\uFEFF3 nodes")), (Said{"5:1 T0415", "5:1 T0405"}));
+}
+
+TEST(FvReader, KnowsUtf16) {
+  EXPECT_EQ(saidOfFv(std::string("\xFF\xFEO\0p\0", 6)), (Said{"1:1 T0401"}));
+  EXPECT_EQ(saidOfFv(std::string("\xFE\xFF\0O\0p", 6)), (Said{"1:1 T0401"}));
+}
+
+TEST(FvReader, GoesOnBehindBytesThatDontBelongInFiles) {
+  EXPECT_EQ(
+      saidOfFv("\uFEFF" + changed("When", "\x01\xC3\xC3 \xC3 is 15-17").replace(0, 7, "Open\rin") +
+               "left over\n"),
+      (Said{"1:1 T0415", "1:6 T0402", "4:1 T0403", "4:2 T0401", "4:5 T0401", "4:10 T0614",
+            "27:1 T0413"}));
+}
+
+TEST(FvReader, SaysOfCarriageReturnsAtAllLineEndsOnce) {
+  std::string windows;
+  for (const char c : goodFile) windows += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  EXPECT_EQ(saidOfFv(windows), (Said{"1:8 T0402"}));
+  windows.insert(windows.find("When"), "\r");
+  const Said said = saidOfFv(windows);
+  EXPECT_EQ(said.size(), 10U);
+  EXPECT_EQ(said[3], "4:1 T0402");
+}
+
+TEST(FvReader, NamesTenPlacesAndCountsTheOthers) {
+  const SourceFile file("Opening.fv", changed("When", std::string(12, '\x01')));
+  Diagnostics found;
+  readFv(file, found);
+  ASSERT_EQ(found.size(), 10U);
+  EXPECT_EQ(found.sorted()[8].text, "a control character stands here");
+  EXPECT_EQ(found.sorted()[9].text, "a control character stands here, and in 2 more places");
+}
+
+TEST(FvReader, ReadsTheTextsWhereTheCellsCantBeRead) {
+  EXPECT_EQ(saidOfFv(changed("3 boxes", "boxes").replace(goodFile.find("Pass"), 4, "PASS")),
+            (Said{"12:1 T0613", "21:1 T0405"}));
+  EXPECT_EQ(
+      saidOfFv(changed("0 0 0 0 0 1 0", "0 0 0 0 0 1").replace(goodFile.find("Pass"), 4, "PASS")),
+      (Said{"12:1 T0613", "22:12 T0407"}));
+  EXPECT_EQ(saidOfFv(changed("0 0 0 0 0 1 0", "0 0 0 0 0 1 0 0")), (Said{"22:15 T0408"}));
 }
 
 TEST(FvReader, QuotesNoMoreThanFortyCharacters) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -79,6 +80,44 @@ TEST(MeaningCheck, FindsAQuestionAgainOnItsWayAndNotBesideIt) {
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b3", "Five?") + question(1, "b2", "b4") +
                         question(2, "b3", "b4", "Five?") + ends),
             (Said{"7:3 T0607"}));
+}
+
+TEST(MeaningCheck, NamesTheQuestionThatWasAskedBefore) {
+  const std::string ends = end(5) + end(6, "Open 1NT");
+  const std::string text = "chart: Opening\nintro: When.\nstart: b0\nboxes:\n" +
+                           question(0, "b1", "b3") + question(1, "b2", "b5", "Five?") +
+                           question(2, "b4", "b6") + question(3, "b5", "b4", "Five?") +
+                           question(4, "b5", "b6", "Five?") + ends;
+  const auto found = checkChart(SourceFile("Opening.yaml", text), fewCharts).found.sorted();
+  ASSERT_EQ(found.size(), 1U);  // of two that may be meant, one is named
+  EXPECT_EQ(found[0].place.line, 9U);
+  EXPECT_EQ(found[0].text, "the question was asked already, on line 6");
+}
+
+TEST(MeaningCheck, SparesTheFirstOfTheQuestionsInALoop) {
+  EXPECT_EQ(saidOfBoxes(question(0, "b1", "b3", "Five?") + question(1, "b2", "b3") +
+                        question(2, "b0", "b3", "Five?") + end(3)),
+            (Said{"7:3 T0607"}));
+  EXPECT_EQ(saidOfBoxes(question(0, "b1", "b3", "Five?") + question(1, "b2", "b3", "Five?") +
+                        question(2, "b1", "b3") + end(3)),
+            (Said{"6:3 T0607"}));
+}
+
+// Each question of a chain is asked again behind the chain.
+TEST(MeaningCheck, FindsEachOfManyQuestionsAgain) {
+  std::string boxes;
+  const int count = 600;
+  for (int i = 0; i < 2 * count; ++i) {
+    boxes += question(i, "b" + std::to_string(i + 1), "b" + std::to_string(2 * count),
+                      "Is it " + std::to_string(i % count) + "?");
+  }
+  boxes += end(2 * count);
+  boxes.replace(boxes.rfind("yes: \"b1200\""), 12, "yes: \"b1201\"");
+  const Said said = saidOfBoxes(boxes + end(2 * count + 1, "Open 1NT"));
+  EXPECT_EQ(std::count_if(
+                said.begin(), said.end(),
+                [](const std::string& each) { return each.find("T0607") != std::string::npos; }),
+            count);
 }
 
 TEST(MeaningCheck, NamesBoxesOnceThatLeadToNoEnd) {

@@ -48,6 +48,11 @@ TEST(Spelling, SaysNothingOfWhatPlayersWrite) {
                            "2[C]",
                            "~ or {so}",
                            "1 n",
+                           "two 2s and three 3s",
+                           "with 2s, or up to 4 ♠",
+                           "length (4 ♠) in it",
+                           "the 4 ♠ and a 2 ♣",
+                           "Xx in a suit",
                            ""}) {
     EXPECT_EQ(shown(misspelledCalls(text)), "") << text;
   }
@@ -73,6 +78,17 @@ TEST(Spelling, KnowsCallsThatAreWrittenOtherwise) {
 TEST(Spelling, WantsNoBlankInACallBehindAVerb) {
   EXPECT_EQ(shown(misspelledCalls("Bid 2 ♣")), "2 ♣ -> 2♣");
   EXPECT_EQ(shown(misspelledCalls("he opens 1 ♥ and")), "1 ♥ -> 1♥");
+}
+
+TEST(Spelling, KnowsByTheWordsRoundItWhetherACallIsMeant) {
+  EXPECT_EQ(shown(misspelledCalls("Open 2s")), "2s -> 2♠");
+  EXPECT_EQ(shown(misspelledCalls("over (2s) pass")), "2s -> 2♠");
+  EXPECT_EQ(shown(misspelledCalls("Open 1 N, then")), "1 N -> 1NT");
+  EXPECT_EQ(shown(misspelledCalls("responds 2 n")), "2 n -> 2NT");
+  EXPECT_EQ(shown(misspelledCalls("raise to 3 ♦")), "3 ♦ -> 3♦");
+  EXPECT_EQ(shown(misspelledCalls("after a 2 ♣ opening")), "2 ♣ -> 2♣");
+  EXPECT_EQ(shown(misspelledCalls("bid 2 C")), "2 C -> 2♣");
+  EXPECT_EQ(shown(misspelledCalls("over (1♥) bid Xx, or (Xx)")), "Xx -> XX, Xx -> XX");
 }
 
 TEST(Spelling, FindsAllOfATextWithTheirPlaces) {
@@ -105,8 +121,23 @@ TEST(Spelling, WantsCallsForWordsWhereACallStandsAlone) {
   EXPECT_EQ(shown(misspelledLoneCall("pass")), "pass -> Pass");
   EXPECT_EQ(shown(misspelledLoneCall("Bid Double")), "Double -> X");
   EXPECT_EQ(shown(misspelledLoneCall("Call xx")), "xx -> XX");
-  EXPECT_EQ(shown(misspelledLoneCall("Pass")), "");
-  EXPECT_EQ(shown(misspelledLoneCall("pass or double")), "");
+  EXPECT_EQ(shown(misspelledLoneCall("Xx")), "Xx -> XX");
+  EXPECT_EQ(shown(misspelledLoneCall("2s")), "2s -> 2♠");
+  EXPECT_EQ(shown(misspelledLoneCall("1 N")), "1 N -> 1NT");
+  EXPECT_EQ(shown(misspelledLoneCall("2 ♣")), "2 ♣ -> 2♣");
+  for (const char* text :
+       {"", "Pass", "1NT", "4♠", "pass or double", "2 ♣ or 2 ♦", "8 ♣", "2", "4 ♠?", "Bid"}) {
+    EXPECT_EQ(shown(misspelledLoneCall(text)), "") << text;
+  }
+}
+
+TEST(Spelling, WantsNoFullStopBehindALoneCall) {
+  EXPECT_EQ(shown(misspelledLoneCall("Pass.")), "Pass. -> Pass");
+  EXPECT_EQ(shown(misspelledLoneCall("2♣.")), "2♣. -> 2♣");
+  EXPECT_EQ(shown(misspelledLoneCall("double.")), "double. -> X");
+  for (const char* text : {"Bid 1NT.", "Open 1NT.", "Pass it.", ".", "Pass..."}) {
+    EXPECT_EQ(shown(misspelledLoneCall(text)), "") << text;
+  }
 }
 
 TEST(Spelling, WantsAnEnDashInRanges) {
@@ -115,12 +146,49 @@ TEST(Spelling, WantsAnEnDashInRanges) {
   EXPECT_EQ(shown(misspelledRanges("15—17")), "15—17 -> 15–17");
   EXPECT_EQ(shown(misspelledRanges("(6−10)")), "6−10 -> 6–10");
   EXPECT_EQ(shown(misspelledRanges("8-9-ish")), "8-9 -> 8–9");
+  EXPECT_EQ(shown(misspelledRanges("4-5 cards")), "4-5 -> 4–5");
+  EXPECT_EQ(shown(misspelledRanges("8-9 in notrump")), "8-9 -> 8–9");
+}
+
+TEST(Spelling, WantsNoBlanksInRangesAndOneBehindThem) {
+  EXPECT_EQ(shown(misspelledRanges("15- 17")), "15- 17 -> 15–17");
+  EXPECT_EQ(shown(misspelledRanges("15 -17")), "15 -17 -> 15–17");
+  EXPECT_EQ(shown(misspelledRanges("15 – 17 or 6– 10")), "15 – 17 -> 15–17, 6– 10 -> 6–10");
+  EXPECT_EQ(shown(misspelledRanges("8 – 9 HCP")), "8 – 9 -> 8–9");
+  EXPECT_EQ(shown(misspelledRanges("15-17HCP, 8-9pts")),
+            "15-17HCP -> 15–17 HCP, 8-9pts -> 8–9 pts");
 }
 
 TEST(Spelling, TellsRangesFromShapesAndOtherNumbers) {
-  for (const char* text :
-       {"15–17", "5-4", "4-4", "4-3-3-3", "1-4-4-4", "2-over-1", "4=4=3=2", "4-5=2", "9-", "9-x",
-        "1C-1D", "x4-5", "12-1999", "1000-2000", "4-5=3=1", "8-9th", "3 -1 1"}) {
+  for (const char* text : {"15–17",
+                           "5-4",
+                           "4-4",
+                           "4-3-3-3",
+                           "1-4-4-4",
+                           "2-over-1",
+                           "4=4=3=2",
+                           "4-5=2",
+                           "9-",
+                           "9-x",
+                           "1C-1D",
+                           "x4-5",
+                           "12-1999",
+                           "1000-2000",
+                           "4-5=3=1",
+                           "8-9th",
+                           "3 -1 1",
+                           "10-12 July",
+                           "July 10-12",
+                           "10-12 Sept",
+                           "4-5 in the majors",
+                           "a 2-4 break",
+                           "2-3 fit",
+                           "bid 3 – 4 would be too much",
+                           "5- 6-card suit",
+                           "15–17HCP",
+                           "15-17HCPs",
+                           "15 -",
+                           "15 17"}) {
     EXPECT_EQ(shown(misspelledRanges(text)), "") << text;
   }
 }
