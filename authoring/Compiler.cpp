@@ -50,13 +50,17 @@ std::optional<CompiledChart> compile(const SourceFile& file, const Catalogue& ca
                                      Diagnostics& found) {
   std::optional<ChartSource> source = readSource(file, catalogue, found);
   if (!source) return std::nullopt;
+  return compile(std::move(*source), found);
+}
+
+std::optional<CompiledChart> compile(ChartSource source, Diagnostics& found) {
   // The layout knows boxes by number, the source what people call them.
-  auto outcome = layOut(source->graph());
-  std::visit([&](const auto& each) { report(each, *source, found); }, outcome);
+  auto outcome = layOut(source.graph());
+  std::visit([&](const auto& each) { report(each, source, found); }, outcome);
   auto* const layout = std::get_if<Layout>(&outcome);
   if (layout == nullptr) return std::nullopt;
-  std::string bytes = fvFile(*source, layout->chart);
-  return CompiledChart{std::move(*source), std::move(layout->chart), std::move(bytes)};
+  std::string bytes = fvFile(source, layout->chart);
+  return CompiledChart{std::move(source), std::move(layout->chart), std::move(bytes)};
 }
 
 void checkFileName(const ChartSource& source, const std::string& fileName, Diagnostics& found) {

@@ -115,7 +115,7 @@ class Reader {
       return std::nullopt;
     }
     readChart(*document);
-    if (found_.hasErrors()) return std::nullopt;
+    if (document->kind != Kind::map || document->isCutShort) return std::nullopt;
     return std::move(chart_);
   }
 
@@ -227,6 +227,9 @@ class Reader {
       return;
     }
     const std::vector<std::string> meant = readSettings(document);
+    const bool isIntroMeant = std::find(meant.begin(), meant.end(), "intro") != meant.end();
+    const bool hasLost = document.has("intro") || isIntroMeant || isAmongBoxes("intro");
+    if (hasLost && document.find("intro") == nullptr) chart_.hasSureIntro = false;
     noteLosses(document);
     sayWhatIsMissing(document, meant);
     if (boxes_ != nullptr) {
@@ -265,7 +268,7 @@ class Reader {
   std::vector<std::string> readSettings(const YamlValue& document) {
     const std::vector<Key> keys = {
         {"chart", [this](const YamlEntry& entry) { readChartName(entry); }},
-        {"intro", [this](const YamlEntry& entry) { chart_.intro = paragraphs(entry); }},
+        {"intro", [this](const YamlEntry& entry) { readIntro(entry); }},
         {"start", [this](const YamlEntry& entry) { readStart(entry); }},
         {"entry", [this](const YamlEntry& entry) { readIsEntry(entry); }},
         {"turn", [this](const YamlEntry& entry) { turn_ = readTurn(entry, turn_); }},
@@ -301,6 +304,12 @@ class Reader {
     if (!isInCatalogue(entry.value.text)) return sayUnknownChart(entry.value);
     chart_.chart = entry.value.text;
     chart_.chartPlace = entry.value.place;
+  }
+
+  void readIntro(const YamlEntry& entry) {
+    const std::size_t errorsBefore = found_.count(Severity::error);
+    chart_.intro = paragraphs(entry);
+    chart_.hasSureIntro = found_.count(Severity::error) == errorsBefore;
   }
 
   void readStart(const YamlEntry& entry) {
@@ -442,6 +451,7 @@ class Reader {
     };
     if (id == nullptr)
       keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
+    const std::size_t errorsBefore = found_.count(Severity::error);
     const std::vector<std::string> meant = readEntries(map, keys, "a box");
     noteLosses(map);
     const bool isMeant = std::find(meant.begin(), meant.end(), "text") != meant.end();
@@ -449,6 +459,9 @@ class Reader {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
     }
+    const bool isSound = found_.count(Severity::error) == errorsBefore && map.dropped.empty() &&
+                         map.doubled.empty() && !map.isCutShort;
+    if (!isSound) at(number).hasSureTexts = at(number).hasSureExits = false;
     return number;
   }
 
@@ -511,7 +524,9 @@ class Reader {
   // Once all boxes have their numbers: an answer may name one that comes later.
   void resolve() {
     for (const Reference& reference : references_) {
-      at(reference.box).exits[reference.answer] = numberOf(*reference.id);
+      const BoxNumber exit = numberOf(*reference.id);
+      at(reference.box).exits[reference.answer] = exit;
+      if (exit == noBox) at(reference.box).hasSureExits = false;
     }
     if (start_ != nullptr) chart_.start = numberOf(*start_);
   }
@@ -567,6 +582,13 @@ class Reader {
 }  // namespace
 
 std::optional<ChartSource> readSource(const SourceFile& file, const Catalogue& catalogue,
+                                      Diagnostics& found) {
+  std::optional<ChartSource> source = readInPart(file, catalogue, found);
+  if (found.hasErrors()) return std::nullopt;
+  return source;
+}
+
+std::optional<ChartSource> readInPart(const SourceFile& file, const Catalogue& catalogue,
                                       Diagnostics& found) {
   if (file.bytes().find("\r\n") == std::string_view::npos) {
     return Reader(file, catalogue, found).read();
