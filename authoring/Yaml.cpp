@@ -270,6 +270,9 @@ class Builder : public YAML::EventHandler {
 
   // Whether a text without quotes was broken at its comma. That it has none is said elsewhere.
   static bool isRestOfText(const Open& map) {
+    if (isBoxKey(map.key)) return false;
+    const std::vector<std::string>& dropped = map.value.dropped;
+    if (!dropped.empty() && isTextKey(dropped.back())) return true;
     if (map.value.entries.empty()) return false;
     const YamlEntry& last = map.value.entries.back();
     return isTextKey(last.key) && last.value.style == Style::plain;

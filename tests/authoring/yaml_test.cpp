@@ -91,6 +91,7 @@ TEST(Yaml, RefusesTagsAnchorsAliasesAndMergeKeys) {
 TEST(Yaml, ReadsOnBehindAnAliasWithoutAnAnchor) {
   EXPECT_EQ(found("a: *x\nb: {c: *y}\nd: !z e\nf: [*z]\n"),
             (Found{"1:4 T0117", "2:8 T0117", "3:4 T0110", "4:5 T0117"}));
+  EXPECT_EQ(found("a: {text: *x, five}\nb: !c d\n"), (Found{"1:11 T0117", "2:4 T0110"}));
   EXPECT_EQ(found("a: *x, five\n*k : b\nc: !d e\n"),
             (Found{"1:4 T0117", "2:1 T0117", "3:4 T0110"}));
 }
