@@ -10,6 +10,7 @@ namespace tavrel::authoring {
 namespace {
 
 constexpr int widestLine = 100;  // of a line that is shown, in columns
+constexpr std::size_t mostBytes = std::size_t{16} * widestLine;
 
 // The part of a line that is shown, and how many columns lie before the place in it.
 struct Excerpt {
@@ -19,21 +20,27 @@ struct Excerpt {
 
 bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-// What can matter of a line from a character on: of a very long one a small part.
+// What can matter of a line from a character on: of a very long one a small part. Whole blocks are
+// passed at once, since a line of megabytes may have hundreds of findings.
 std::string_view partFrom(std::string_view line, std::size_t character) {
-  constexpr std::size_t mostBytes = std::size_t{16} * widestLine;
-  std::size_t start = 0;
-  while (character > 1 && ++start < line.size()) {
-    if (!isContinuation(line[start])) --character;
+  constexpr std::size_t block = 4096;
+  while (line.size() > block) {
+    const std::size_t passed = charactersIn(line.substr(0, block));
+    if (passed >= character) break;
+    character -= passed;
+    line.remove_prefix(block);
   }
-  return line.substr(std::min(start, line.size()), mostBytes);
+  std::size_t start = 0;
+  while (start < line.size() && (isContinuation(line[start]) || --character > 0)) ++start;
+  return line.substr(start, mostBytes);
 }
 
 // Around the place, where the line is long.
 Excerpt excerptOf(std::string_view line, std::size_t column) {
   const bool isLong = line.size() > widestLine;
   const std::size_t first = isLong && column > widestLine / 2 ? column - widestLine / 2 : 1;
-  const std::string shownLine = printable(partFrom(line, first), Charset::utf8);
+  const std::string_view part = first > 1 ? partFrom(line, first) : line.substr(0, mostBytes);
+  const std::string shownLine = printable(part, Charset::utf8);
   std::string text;
   int before = 0, used = 0;
   std::size_t character = first;
@@ -119,7 +126,7 @@ std::string shown(const Diagnostic& diagnostic, const SourceFile& file) {
   if (!line.empty() && line.back() == '\r' && !isAtItsEnd) line.remove_suffix(1);
   const Excerpt excerpt = excerptOf(line, diagnostic.place.column);
   std::string text =
-      file.name() + ":" + std::to_string(diagnostic.place.line) + ":" +
+      printable(file.name(), Charset::utf8) + ":" + std::to_string(diagnostic.place.line) + ":" +
       std::to_string(diagnostic.place.column) + ": " + nameOf(severityOf(diagnostic.code)) + ": " +
       printable(diagnostic.text, Charset::utf8) + " [" + nameOf(diagnostic.code) + "]\n";
   text += "    " + excerpt.text + "\n";

@@ -236,7 +236,9 @@ class Reader {
         checkLeftOver(numbers, numbersOfACell);
         add(numbers);
       } else {
-        reportNumbers(numbers, numbersOfACell, "a " + what, "write all seven numbers of the cell");
+        reportNumbers(numbers, numbersOfACell, "a " + what,
+                      numbers.count > 0 ? "write all seven numbers of the cell"
+                                        : "write its seven numbers, or mend the counts before");
         read_.hasAllCells = false;
       }
       ++next_;

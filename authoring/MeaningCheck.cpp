@@ -145,9 +145,10 @@ class MeaningCheck {
     const std::string text = lines.joined();
     for (const Misspelling& call : misspelledCalls(text)) report(call, lines, place, where);
     for (const Misspelling& range : misspelledRanges(text)) {
+      const bool hasEnDash = range.written.find("–") != std::string::npos;
       found_.add(Code::rangeSpelling, chart_.placeOfWord(lines, place, range.offset, range.written),
                  "a range is written as " + range.written + " in " + where,
-                 "write " + range.wanted + ", with an en dash");
+                 "write " + range.wanted + (hasEnDash ? ", without blanks" : ", with an en dash"));
     }
     for (const Misspelling& suit : misspelledSuits(text)) {
       found_.add(Code::suitSpelling, chart_.placeOfWord(lines, place, suit.offset, suit.written),

@@ -38,8 +38,7 @@ class SizeCheck {
 
   bool check() {
     std::vector<Slot> rows = slots(boxYColumn, connectorYColumn, &Cell::y, heights());
-    if (!checkRows(rows)) return false;
-    const bool areRowsFine = checkOffsets(std::move(rows), rowGap, "rows");
+    const bool areRowsFine = checkRows(rows) && checkOffsets(std::move(rows), rowGap, "rows");
     return checkOffsets(slots(boxXColumn, connectorXColumn, &Cell::x, widths()), columnGap,
                         "columns") &&
            areRowsFine;

@@ -131,30 +131,32 @@ bool isInParentheses(std::string_view text, std::size_t begin, std::size_t end) 
   return begin > 0 && text[begin - 1] == '(' && startsWith(text.substr(end), ")");
 }
 
+// How a strain should be written that a bid has which may be cards as well; empty if it is none.
+std::string_view doubtfulStrain(std::string_view strain, bool hasBlank) {
+  if (strain == "s") return "♠";
+  if (!hasBlank) return {};
+  if (strain == "N" || strain == "n") return "NT";
+  for (const Spelling& suit : suits) {
+    if (strain == suit.written || strain == suit.wanted) return suit.wanted;
+  }
+  return {};
+}
+
 // "2s", "1 N" and "2 ♣", which may be cards as well: nothing for what can't be a call. REQUIRES:
 // a level stands at the offset.
 std::optional<Misspelling> doubtfulBid(std::string_view text, std::size_t offset) {
-  const std::string level(text.substr(offset, 1));
   const std::string_view rest = text.substr(offset + 1);
   const std::size_t blank = startsWith(rest, " ") ? 1 : 0;
-  const auto bid = [&](std::string_view strain, std::string_view wanted) {
-    const std::string_view behind = rest.substr(std::min(rest.size(), blank + strain.size()));
-    const bool is = startsWith(rest.substr(blank), strain) && endsWord(behind);
-    return is ? std::optional(
-                    Misspelling{offset, level + std::string(rest.substr(0, blank + strain.size())),
-                                level + std::string(wanted)})
-              : std::nullopt;
-  };
-  if (auto spades = bid("s", "♠")) return spades;
-  if (blank == 0) return std::nullopt;
-  for (const std::string_view strain : {"N", "n"}) {
-    if (auto notrump = bid(strain, "NT")) return notrump;
-  }
-  for (const Spelling& suit : suits) {
-    if (auto right = bid(suit.wanted, suit.wanted)) return right;
-    if (auto wrong = bid(suit.written, suit.wanted)) return wrong;
-  }
-  return std::nullopt;
+  const std::string_view behind = rest.substr(blank);
+  const std::size_t mark = startsWith(behind, "!") ? 1 : 0;
+  const auto end = std::find_if_not(behind.begin() + static_cast<std::ptrdiff_t>(mark),
+                                    behind.end(), isWordByte);
+  const std::string_view strain = behind.substr(0, static_cast<std::size_t>(end - behind.begin()));
+  const std::string_view wanted = doubtfulStrain(strain, blank > 0);
+  if (wanted.empty()) return std::nullopt;
+  const std::string level(text.substr(offset, 1));
+  return Misspelling{offset, level + std::string(rest.substr(0, blank + strain.size())),
+                     level + std::string(wanted)};
 }
 
 // The same where a call is meant.
@@ -342,8 +344,8 @@ std::vector<Misspelling> misspelledRanges(std::string_view text) {
     if (!isDigit(text[at])) continue;
     const char before = at > 0 ? text[at - 1] : ' ';
     const bool begins = !isWordByte(before) && before != '-' && before != '=';
-    auto found =
-        begins && !isMonth(wordBefore(text, at)) ? rangeAtStart(text.substr(at)) : std::nullopt;
+    auto found = begins ? rangeAtStart(text.substr(at)) : std::nullopt;
+    if (found && isMonth(wordBefore(text, at))) found.reset();
     if (found) {
       found->offset = at;
       all.push_back(*found);

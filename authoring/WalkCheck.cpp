@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <unordered_map>
 
 #include "authoring/CellIndex.h"
 #include "authoring/NumberLine.h"
@@ -91,6 +92,13 @@ class WalkCheck {
     return placeOf(cell, isBox(cell) ? boxXColumn : connectorXColumn);
   }
 
+  // Very many cells may stand in one place and lead into one cell, whose line may be very long.
+  const Place& intoOf(Number cell) {
+    const auto [place, isNew] = intoPlaces_.try_emplace(cell);
+    if (isNew) place->second = placeOf(cell, intoColumn);
+    return place->second;
+  }
+
   Number neighbour(const Cell& cell, Direction direction) const {
     return hasNeighbour(cell, direction) ? index_.find(moved(cell, direction)) : noCell;
   }
@@ -154,7 +162,7 @@ class WalkCheck {
       return;
     }
     found_.add(
-        Code::noStepBack, placeOf(next, intoColumn),
+        Code::noStepBack, intoOf(next),
         "the line comes from " + nameOf(cellOf(cell)) + ", going " + nameOf(direction) +
             ", and can't be walked back",
         "write " + std::to_string(static_cast<int>(direction)) + " for the way into the cell");
@@ -228,7 +236,8 @@ class WalkCheck {
   const SourceFile& source_;
   Diagnostics& found_;
   CellIndex index_;
-  std::vector<BoxNumber> ends_;  // by connector
+  std::unordered_map<Number, Place> intoPlaces_;  // of connector cells that were asked for
+  std::vector<BoxNumber> ends_;                   // by connector
 };
 
 }  // namespace

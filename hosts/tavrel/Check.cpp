@@ -7,6 +7,7 @@
 #include <iostream>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <set>
 #include <string>
 #include <system_error>
@@ -16,6 +17,7 @@
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/InputFile.h"
 #include "hosts/tavrel/Library.h"
+#include "text/Text.h"
 
 namespace tavrel {
 namespace {
@@ -33,7 +35,7 @@ std::vector<fs::path> chartsIn(const fs::path& folder) {
   std::vector<fs::path> charts;
   for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
        entry.increment(failed)) {
-    if (isChart(entry->path()) && !fs::is_directory(entry->path())) charts.push_back(entry->path());
+    if (isChart(entry->path()) && !isFolder(entry->path())) charts.push_back(entry->path());
   }
   if (failed) throw Failure("cannot read '" + folder.string() + "': " + failed.message());
   std::sort(charts.begin(), charts.end());
@@ -50,24 +52,23 @@ std::set<std::string> namesIn(const fs::path& folder) {
 class Findings {
  public:
   Findings(const CheckArguments& arguments, const fs::path& library) : arguments_(arguments) {
-    if (fs::is_directory(library)) inLibrary_ = namesIn(library);
+    if (isFolder(library)) inLibrary_ = namesIn(library);
   }
 
-  // `areAll`: these are the charts of a folder, which link to each other.
-  void check(const std::vector<fs::path>& paths, bool areAll) {
-    std::vector<SourceFile> files;
-    std::vector<CheckedChart> charts;
-    for (const fs::path& path : paths) {
-      if (!read(path, files)) continue;
-      charts.push_back(checkChart(files.back(), catalogue_));
-      if (path != "-") checkLinks(charts.back(), namesFor(path));
+  void check(const fs::path& path) try {
+    if (!isFolder(path)) return check({path}, false);
+    const std::vector<fs::path> charts = chartsIn(path);
+    if (charts.empty()) {
+      throw Failure("there is no *.yaml and no *.fv in '" + path.string() + "'");
     }
-    if (areAll) noteUnlinked(charts);
-    for (std::size_t i = 0; i < files.size(); ++i) take(charts[i], files[i]);
+    check(charts, true);
+  } catch (const Failure& failure) {
+    tellFailure(failure.what());
+    isUnread_ = true;
   }
 
   /// The exit status. Whoever wants all findings is told of those that there are, even though
-  /// some file can't be read.
+  /// some file or folder can't be read.
   int finish() {
     if (arguments_.asJson) {
       std::cout << array_.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
@@ -80,6 +81,20 @@ class Findings {
   }
 
  private:
+  // `areAll`: these are the charts of a folder, which link to each other.
+  void check(const std::vector<fs::path>& paths, bool areAll) {
+    std::vector<SourceFile> files;
+    std::vector<CheckedChart> charts;
+    for (const fs::path& path : paths) {
+      if (!read(path, files)) continue;
+      charts.push_back(checkChart(files.back(), catalogue_));
+      const std::set<std::string>* names = path == "-" ? nullptr : namesFor(path);
+      if (names != nullptr) checkLinks(charts.back(), *names);
+    }
+    if (areAll) noteUnlinked(charts);
+    for (std::size_t i = 0; i < files.size(); ++i) take(charts[i], files[i]);
+  }
+
   bool read(const fs::path& path, std::vector<SourceFile>& files) try {
     files.push_back(readInput(path));
     return true;
@@ -91,15 +106,18 @@ class Findings {
 
   std::size_t count(Severity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
 
-  // A walk goes on in the charts beside a file, and in those of the library.
-  const std::set<std::string>& namesFor(const fs::path& file) {
+  // A walk goes on in the charts beside a file, and in those of the library. Null for a folder
+  // whose files may be read but not listed: nobody can tell what is there.
+  const std::set<std::string>* namesFor(const fs::path& file) {
     const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
     const auto [names, isNew] = names_.try_emplace(folder);
     if (isNew) {
-      names->second = namesIn(folder);
-      names->second.insert(inLibrary_.begin(), inLibrary_.end());
+      std::error_code unlisted;
+      const fs::directory_iterator probe(folder, unlisted);
+      if (!unlisted) names->second = namesIn(folder);
+      if (!unlisted) names->second->insert(inLibrary_.begin(), inLibrary_.end());
     }
-    return names->second;
+    return names->second ? &*names->second : nullptr;
   }
 
   void take(const CheckedChart& chart, const SourceFile& file) {
@@ -117,7 +135,9 @@ class Findings {
         std::cout << shown(diagnostic, file);
       }
     }
-    if (unseen > 0) std::cerr << file.name() << ": " << unseen << " more, which are not shown\n";
+    if (unseen == 0) return;
+    std::cerr << printable(file.name(), Charset::utf8) << ": " << unseen
+              << " more, which are not shown\n";
   }
 
   static nlohmann::ordered_json jsonOf(const Diagnostic& diagnostic, const std::string& file) {
@@ -144,7 +164,8 @@ class Findings {
   const Catalogue catalogue_ = catalogueNames();
   nlohmann::ordered_json array_ = nlohmann::ordered_json::array();
   std::set<std::string> inLibrary_;
-  std::map<fs::path, std::set<std::string>> names_;  // of charts that those of a folder may link to
+  // Of charts that those of a folder may link to.
+  std::map<fs::path, std::optional<std::set<std::string>>> names_;
   std::size_t files_ = 0;
   bool isUnread_ = false;
   std::array<std::size_t, 3> counts_ = {};
@@ -156,15 +177,7 @@ int checkCharts(const CheckArguments& arguments, const std::string& usualFolder)
   std::vector<std::string> paths = arguments.paths;
   if (paths.empty()) paths.push_back(usualFolder);
   Findings findings(arguments, usualFolder);
-  for (const std::string& path : paths) {
-    if (!fs::is_directory(path)) {
-      findings.check({path}, false);
-      continue;
-    }
-    const std::vector<fs::path> charts = chartsIn(path);
-    if (charts.empty()) throw Failure("there is no *.yaml and no *.fv in '" + path + "'");
-    findings.check(charts, true);
-  }
+  for (const std::string& path : paths) findings.check(fs::path(path));
   return findings.finish();
 }
 

@@ -20,11 +20,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace authoring;
 
-bool isFolder(const fs::path& path) {
-  std::error_code unseen;
-  return fs::is_directory(path, unseen);
-}
-
 // Where the file of a source goes. A name that the caller has not chosen is the chart's.
 struct Destination {
   fs::path path;

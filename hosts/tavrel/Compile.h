@@ -17,7 +17,8 @@ struct CompileArguments {
 
 /// Compiles the sources and says what is wrong with them on standard error, each whatever became
 /// of those before it. Returns the exit status: 1 if there was an error in any, 2 if a file can't
-/// be read or written. Throws Failure for wrong usage. With `watches` it goes on, until the program is ended.
+/// be read or written. Throws Failure for wrong usage. With `watches` it goes on, until the program
+/// is ended.
 int compileSources(const CompileArguments& arguments);
 
 }  // namespace tavrel

@@ -37,11 +37,15 @@ std::string bytesOf(std::istream& stream, const std::string& name) {
 authoring::SourceFile readInput(const std::filesystem::path& path) {
   if (path == "-") return {"standard input", bytesOf(std::cin, "standard input")};
   const std::string name = path.string();
-  std::error_code unseen;  // opening it says why
-  if (std::filesystem::is_directory(path, unseen)) fail(name, "it is a folder");
+  if (isFolder(path)) fail(name, "it is a folder");
   std::ifstream file(path, std::ios::binary);
   if (!file) fail(name, std::strerror(errno));
   return {name, bytesOf(file, name)};
+}
+
+bool isFolder(const std::filesystem::path& path) {
+  std::error_code unseen;
+  return std::filesystem::is_directory(path, unseen);
 }
 
 std::filesystem::file_time_type lastChange(const std::filesystem::path& path) {

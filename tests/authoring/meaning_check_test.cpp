@@ -165,6 +165,21 @@ TEST(MeaningCheck, LeavesBoxesOutOfReachWhereAnAnswerIsMissing) {
       Said{"5:3 T0601"});
 }
 
+TEST(MeaningCheck, TellsHowARangeShouldBeWritten) {
+  const SourceFile file("Opening.yaml",
+                        "chart: Opening\nintro: 8-9 or 15 – 17.\nstart: b0\nboxes:\n" + end(0));
+  const std::vector<Diagnostic> found = checkChart(file, fewCharts).found.sorted();
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_EQ(found[0].cure, "write 8–9, with an en dash");
+  EXPECT_EQ(found[1].cure, "write 15–17, without blanks");
+}
+
+TEST(MeaningCheck, SaysALoneCallOnce) {
+  EXPECT_EQ(saidOfBoxes(end(0, "Bid 2 ♣")), (Said{"5:19 T0613"}));
+  EXPECT_EQ(saidOfBoxes(end(0, "2 ♣")), (Said{"5:15 T0613"}));
+  EXPECT_EQ(saidOfBoxes(end(0, "Pass.")), (Said{"5:15 T0613"}));
+}
+
 TEST(MeaningCheck, PointsAtEachOfSeveralWords) {
   EXPECT_EQ(saidOfBoxes("  b0:\n    text: Bid 2C\n    comment: 7-9 or 6-8, 7-9 or 2 !c, !S.\n"),
             (Said{"6:15 T0613", "7:14 T0614", "7:21 T0614", "7:26 T0614", "7:39 T0615"}));

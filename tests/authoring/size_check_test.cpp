@@ -67,6 +67,7 @@ TEST(SizeCheck, SaysWhichCellIsTooFarAway) {
   EXPECT_EQ(saidOfFv(fvWithBoxAt("0 16777216")), (Said{"24:5 T0508"}));
   EXPECT_EQ(saidOfFv(fvWithBoxAt("2147483647 0")), (Said{"24:3 T0509"}));
   EXPECT_EQ(saidOfFv(fvWithBoxAt("-2147483648 0")), (Said{"24:3 T0509"}));
+  EXPECT_EQ(saidOfFv(fvWithBoxAt("2147483647 16777216")), (Said{"24:3 T0509", "24:14 T0508"}));
 }
 
 }  // namespace

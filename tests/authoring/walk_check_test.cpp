@@ -82,5 +82,14 @@ TEST(WalkCheck, FollowsALineOnceHoweverManyLeadIntoIt) {
   EXPECT_EQ(saidOfCells(boxes, connectors).size(), 10'000U);
 }
 
+// Finding the place in the line for each of the boxes would take minutes.
+TEST(WalkCheck, LooksOnceForThePlaceInALongLineThatManyLeadInto) {
+  const std::vector<std::string> boxes(20'000, "0 0 0 0 0 1 -1");
+  const std::string zeros(1'000'000, '0');
+  const std::string file = fvWith(boxes, {zeros + " 0 0 0 0 1 0"});
+  const CheckedChart checked = checkChart(SourceFile("Opening.fv", file), fewCharts);
+  EXPECT_EQ(checked.found.count(Severity::error), 40'000U);
+}
+
 }  // namespace
 }  // namespace tavrel::authoring
