@@ -57,8 +57,8 @@ TEST(MeaningCheck, SaysNothingThatAnErrorMayHaveCaused) {
   EXPECT_EQ(saidOfBoxes("  b0:\n    text: Is it?\n    comment: &k So.\n    yes: b1\n    no: b1\n" +
                         end(1)),
             Said{"7:14 T0111"});
-  EXPECT_EQ(saidOfBoxes("  b0: {text: \"Is it\", comment: \"So.\", yes: \"b1\"}\n" + end(2)),
-            (Said{"5:44 T0207"}));
+  EXPECT_EQ(saidOfBoxes("  b0: {text: \"Is it?\", comment: \"So.\", yes: \"b1\"}\n" + end(2)),
+            (Said{"5:45 T0207"}));
   EXPECT_EQ(saidOfBoxes(end(0) + "  b1: {text: \"Pass?\", comment: \"So.\", yes: [b0]}\n"),
             (Said{"6:44 T0204"}));
   EXPECT_EQ(saidOfBoxes("  b0: {text: \"Open 2C\"}\n  b1: [\n"), (Said{"6:7 T0124"}));
