@@ -34,6 +34,7 @@ BoxContent contentOf(const SourceBox& box) {
     content.linkPlace = box.link->place;
     content.link = box.link->chart;
   }
+  content.isSure = box.hasSureTexts;
   return content;
 }
 
@@ -86,12 +87,14 @@ ReadChart readChartOf(const ChartSource& source, const SourceFile& file) {
   ReadChart chart;
   chart.introPlace = source.intro.place;
   chart.intro = TextLines(source.intro.lines);
+  chart.hasSureIntro = source.hasSureIntro;
   chart.width = source.width;
   chart.contentCount = source.boxes.size();
   chart.content = [&source](std::size_t content) { return contentOf(source.boxes[content]); };
   chart.start = source.start;
   for (const SourceBox& box : source.boxes) {
-    chart.boxes.push_back({static_cast<std::uint32_t>(chart.boxes.size()), box.exits});
+    chart.boxes.push_back({static_cast<std::uint32_t>(chart.boxes.size()), box.exits,
+                           box.hasSureTexts && box.hasSureExits});
   }
   chart.placeOf = [&source](BoxNumber box) { return source[box].place; };
   chart.lineOf = [&source](BoxNumber box) { return source[box].place.line; };
@@ -137,7 +140,7 @@ ReadChart textsOf(const FvFile& read, const SourceFile& file) {
 void addBoxes(ReadChart& chart, const FvFile& read, const std::vector<ByAnswer<BoxNumber>>& exits,
               const SourceFile& file) {
   for (std::size_t i = 0; i < read.boxes.size(); ++i) {
-    chart.boxes.push_back({static_cast<std::uint32_t>(read.boxes[i].node), exits[i]});
+    chart.boxes.push_back({static_cast<std::uint32_t>(read.boxes[i].node), exits[i], true});
   }
   chart.lineOf = [&](BoxNumber box) -> std::size_t {
     return read.boxes[static_cast<std::size_t>(box)].line;
@@ -157,15 +160,19 @@ void checkTexts(const ReadChart& chart, const Catalogue& catalogue, CheckedChart
   }
 }
 
+// What is wrong in one box is no reason to keep silent about the others. Ways may lead through it.
 void checkSource(const SourceFile& file, const Catalogue& catalogue, CheckedChart& checked) {
-  const std::optional<CompiledChart> compiled = compile(file, catalogue, checked.found);
-  if (!compiled) return;
-  const ChartSource& source = compiled->source;
-  checked.place = source.chartPlace;
-  checked.mayBeUnlinked = source.isEntry;
-  if (!checked.name.empty()) checkFileName(source, file.name(), checked.found);
-  const ReadChart chart = readChartOf(source, file);
+  const std::optional<ChartSource> source = readInPart(file, catalogue, checked.found);
+  if (!source) return;
+  const bool isWhole = !checked.found.hasErrors();
+  if (isWhole) compile(*source, checked.found);
+  checked.place = source->chartPlace;
+  checked.mayBeUnlinked = source->isEntry;
+  const bool hasNames = !checked.name.empty() && !source->chart.empty();
+  if (hasNames) checkFileName(*source, file.name(), checked.found);
+  const ReadChart chart = readChartOf(*source, file);
   checkTexts(chart, catalogue, checked);
+  if (!isWhole) return checkBoxes(chart, checked.found);
   checkWays(chart, checked.found);
 }
 

@@ -23,9 +23,10 @@ struct CheckedChart {
   Diagnostics found;
 };
 
-/// Checks a flowchart file, by its extension ".fv", or a source. The meaning of a source is
-/// checked where there are no errors; that of a file's texts where they can be read, and that of
-/// its ways where they can be walked.
+/// Checks a flowchart file, by its extension ".fv", or a source. The meaning of a source's ways is
+/// checked where there are no errors but of its drawing, that of its texts and boxes where they
+/// have none; that of a file's texts where they can be read, and that of its ways where they can be
+/// walked.
 CheckedChart checkChart(const SourceFile& file, const Catalogue& catalogue);
 
 /// Warns of links to charts that have no file among `there`.

@@ -1,13 +1,15 @@
 #include "authoring/ChartSource.h"
 
+#include "authoring/InShort.h"
+
 namespace tavrel::authoring {
 
 std::string ChartSource::nameOf(BoxNumber box) const {
   const SourceBox& named = (*this)[box];
-  if (!named.id.empty()) return named.id;
+  if (!named.id.empty()) return inShort(named.id);
   std::string text;
   for (const std::string& line : named.text.lines) text += (text.empty() ? "" : " ") + line;
-  return "\"" + text + "\"";
+  return "\"" + inShort(text) + "\"";
 }
 
 ChartGraph ChartSource::graph() const {

@@ -39,14 +39,17 @@ struct SourceBox {
   ByAnswer<Place> exitPlaces;
   Turn turn = Turn::right;
   bool isTurnFixed = false;  ///< said of this very box
+  bool hasSureTexts = true;  ///< text, comment and link are as the author wants them, or left out
+  bool hasSureExits = true;  ///< so are the exits
 };
 
 struct ChartSource {
   std::string chart;  ///< the file name of the catalogue that it is for
   Place chartPlace;
   SourceText intro;
-  bool isEntry = false;    ///< players come in from the table
-  int width = usualWidth;  ///< of a line in a box, at most, in columns
+  bool hasSureIntro = true;  ///< it is as the author wants it, or left out
+  bool isEntry = false;      ///< players come in from the table
+  int width = usualWidth;    ///< of a line in a box, at most, in columns
   BoxNumber start = noBox;
   std::vector<SourceBox> boxes;  ///< in the author's order, inline ones behind the box they are in
 

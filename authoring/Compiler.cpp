@@ -10,6 +10,8 @@
 namespace tavrel::authoring {
 namespace {
 
+// A loop can't be unrolled, so that a line back has to be drawn. A box that leads to itself has
+// one end only to name, and needs no line but another answer.
 void report(const NoWayBack& problem, const ChartSource& source, Diagnostics& found) {
   if (problem.from == problem.to) {
     const SourceBox& box = source[problem.from];
@@ -24,6 +26,7 @@ void report(const NoWayBack& problem, const ChartSource& source, Diagnostics& fo
             "repeat some boxes under other ids instead of going back");
 }
 
+// The box repeated most is where an author gains most, though others may be repeated too.
 void report(const TooManyCells& problem, const ChartSource& source, Diagnostics& found) {
   found.add(Code::tooManyCells, source[problem.mostRepeated].place,
             "the chart takes too many cells: " + source.nameOf(problem.mostRepeated) +
@@ -31,6 +34,7 @@ void report(const TooManyCells& problem, const ChartSource& source, Diagnostics&
             "let fewer boxes lead to it, or put what follows into a chart of its own");
 }
 
+// A note alone: the chart can be walked all the same, but an author may prefer another shape.
 void report(const Layout& layout, const ChartSource& source, Diagnostics& found) {
   for (const BoxNumber box : layout.repeated) {
     found.add(
@@ -46,12 +50,17 @@ std::optional<CompiledChart> compile(const SourceFile& file, const Catalogue& ca
                                      Diagnostics& found) {
   std::optional<ChartSource> source = readSource(file, catalogue, found);
   if (!source) return std::nullopt;
-  auto outcome = layOut(source->graph());
-  std::visit([&](const auto& each) { report(each, *source, found); }, outcome);
+  return compile(std::move(*source), found);
+}
+
+std::optional<CompiledChart> compile(ChartSource source, Diagnostics& found) {
+  // The layout knows boxes by number, the source what people call them.
+  auto outcome = layOut(source.graph());
+  std::visit([&](const auto& each) { report(each, source, found); }, outcome);
   auto* const layout = std::get_if<Layout>(&outcome);
   if (layout == nullptr) return std::nullopt;
-  std::string bytes = fvFile(*source, layout->chart);
-  return CompiledChart{std::move(*source), std::move(layout->chart), std::move(bytes)};
+  std::string bytes = fvFile(source, layout->chart);
+  return CompiledChart{std::move(source), std::move(layout->chart), std::move(bytes)};
 }
 
 void checkFileName(const ChartSource& source, const std::string& fileName, Diagnostics& found) {

@@ -25,6 +25,9 @@ struct CompiledChart {
 std::optional<CompiledChart> compile(const SourceFile& file, const Catalogue& catalogue,
                                      Diagnostics& found);
 
+/// The same for a source that was read without an error.
+std::optional<CompiledChart> compile(ChartSource source, Diagnostics& found);
+
 /// Says that a chart has another name than its file, if it has.
 void checkFileName(const ChartSource& source, const std::string& fileName, Diagnostics& found);
 

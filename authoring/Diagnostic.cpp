@@ -84,7 +84,7 @@ std::string nameOf(Code code) {
 
 const std::vector<Code>& allCodes() {
   static const std::vector<Code> codes = codesFrom(
-      {{101, 126}, {201, 210}, {301, 303}, {401, 415}, {501, 509}, {601, 617}, {701, 702}});
+      {{101, 127}, {201, 210}, {301, 303}, {401, 415}, {501, 509}, {601, 617}, {701, 702}});
   return codes;
 }
 

@@ -49,6 +49,7 @@ enum class Code : std::uint16_t {
   braceNotClosed = 124,
   invisibleCharacter = 125,
   unknownEscape = 126,
+  directive = 127,
 
   notAMap = 201,
   unknownKey = 202,

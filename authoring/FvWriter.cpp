@@ -6,6 +6,7 @@
 namespace tavrel::authoring {
 namespace {
 
+// The words behind a count are for people: readers pass over them.
 std::string counted(std::size_t count, const char* what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
@@ -14,7 +15,7 @@ class Writer {
  public:
   std::string write(const ChartSource& source, const GridChart& chart) {
     line(source.chart);
-    line("Tavrel flowchart");
+    line("Tavrel flowchart");  // the second of two header lines, which nobody reads
     text(source.intro.lines, "introduction line");
     line(counted(source.boxes.size(), "node"));
     for (const SourceBox& box : source.boxes) addNode(box);
@@ -33,6 +34,7 @@ class Writer {
     for (const std::string& each : lines) line(each);
   }
 
+  // A box without a link has an empty line for it.
   void addNode(const SourceBox& box) {
     text(box.text.lines, "box line");
     text(box.comment.lines, "comment line");
@@ -45,6 +47,7 @@ class Writer {
     line(text);
   }
 
+  // Readers want a number in the fields that they ignore, and take any.
   void add(const PlacedBox& box) {
     numbers({box.box, box.cell.x, box.cell.y, 0, 0, static_cast<int>(box.exits.yes),
              static_cast<int>(box.exits.no)});

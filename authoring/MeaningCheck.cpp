@@ -56,7 +56,23 @@ class MeaningCheck {
   void checkTexts(const Catalogue& catalogue) {
     names_.insert(catalogue.begin(), catalogue.end());
     checkIntroduction();
-    for (std::size_t i = 0; i < chart_.contentCount; ++i) checkContent(chart_.content(i));
+    for (std::size_t i = 0; i < chart_.contentCount; ++i) {
+      const BoxContent content = chart_.content(i);
+      if (content.isSure) checkContent(content);
+    }
+  }
+
+  void checkBoxes() {
+    const std::vector<bool> haveMarks = contentsWithMarks();
+    std::vector<bool> isWarned(chart_.contentCount, false);  // of the question mark
+    for (BoxNumber number = 0; number < boxCount(); ++number) {
+      const ReadBox& box = chart_[number];
+      if (!box.isSure) continue;
+      checkExits(number);
+      if (isWarned[box.content] || box.isEnd() != haveMarks[box.content]) continue;
+      isWarned[box.content] = true;
+      warnOfMark(box);
+    }
   }
 
   void checkWays() {
@@ -72,6 +88,7 @@ class MeaningCheck {
   // --- texts ----------------------------------------------------------------------
 
   void checkIntroduction() {
+    if (!chart_.hasSureIntro) return;
     if (chart_.intro.size() == 0) {
       found_.add(Code::noIntroduction, chart_.introPlace, "the chart has no introduction",
                  "say when to use the chart, and what its words mean");
@@ -149,18 +166,6 @@ class MeaningCheck {
   }
 
   // --- boxes ----------------------------------------------------------------------
-
-  void checkBoxes() {
-    const std::vector<bool> haveMarks = contentsWithMarks();
-    std::vector<bool> isWarned(chart_.contentCount, false);  // of the question mark
-    for (BoxNumber number = 0; number < boxCount(); ++number) {
-      checkExits(number);
-      const ReadBox& box = chart_[number];
-      if (isWarned[box.content] || box.isEnd() != haveMarks[box.content]) continue;
-      isWarned[box.content] = true;
-      warnOfMark(box);
-    }
-  }
 
   std::vector<bool> contentsWithMarks() const {
     std::vector<bool> haveMarks;
@@ -363,6 +368,10 @@ class MeaningCheck {
 
 void checkTexts(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found) {
   MeaningCheck(chart, found).checkTexts(catalogue);
+}
+
+void checkBoxes(const ReadChart& chart, Diagnostics& found) {
+  MeaningCheck(chart, found).checkBoxes();
 }
 
 void checkWays(const ReadChart& chart, Diagnostics& found) {

@@ -13,6 +13,10 @@ namespace tavrel::authoring {
 /// whatever ways lead through the chart. What several boxes share is warned of once. Cost: linear.
 void checkTexts(const ReadChart& chart, const Catalogue& catalogue, Diagnostics& found);
 
+/// Warns of what is likely to be a mistake in a box: its exits, and whether it asks. What isn't
+/// sure is left out, here as in checkTexts(). checkWays() does it too. Cost: linear.
+void checkBoxes(const ReadChart& chart, Diagnostics& found);
+
 /// Warns of what is likely to be a mistake in the ways through the chart.
 ///
 /// Cost: linear, but for the questions that stand on one path twice: these are found in linear

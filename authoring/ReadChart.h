@@ -55,11 +55,13 @@ struct BoxContent {
   TextLines comment;
   Place linkPlace;
   std::string_view link;  ///< empty for none
+  bool isSure = true;     ///< nothing of it was left out because of an error
 };
 
 struct ReadBox {
   std::uint32_t content = 0;
   ByAnswer<BoxNumber> exits = {noBox, noBox};
+  bool isSure = true;  ///< content and exits have no error
 
   bool isEnd() const { return exits.yes == noBox && exits.no == noBox; }
 };
@@ -68,7 +70,8 @@ struct ReadBox {
 struct ReadChart {
   Place introPlace;
   TextLines intro;
-  int width = 0;  ///< of a line in a box, at most, in columns
+  bool hasSureIntro = true;  ///< it wasn't left out because of an error
+  int width = 0;             ///< of a line in a box, at most, in columns
   std::size_t contentCount = 0;
   std::function<BoxContent(std::size_t content)> content;
   BoxNumber start = 0;

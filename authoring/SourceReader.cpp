@@ -5,13 +5,16 @@
 #include <functional>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "authoring/BoxLines.h"
+#include "authoring/InShort.h"
 #include "authoring/Invisible.h"
 #include "authoring/SourceKeys.h"
 #include "authoring/Yaml.h"
 #include "authoring/YamlTraps.h"
+#include "authoring/YamlTypes.h"
 #include "text/NearMiss.h"
 
 namespace tavrel::authoring {
@@ -59,6 +62,28 @@ std::string withPlainLineEnds(std::string_view bytes) {
   return plain;
 }
 
+// Whether the entry of a key may hold boxes, or be one.
+bool mayHoldBoxes(const std::string& key) {
+  return key == "boxes" || key == "yes" || key == "no" || !(isChartKey(key) || isBoxKey(key));
+}
+
+// What a reader of YAML takes a plain word for, if it isn't a text.
+const char* otherTypeOf(const YamlValue& value) {
+  if (value.kind != Kind::text || value.style != Style::plain) return nullptr;
+  if (booleanIn(value.text)) return "true or false";
+  return isNumber(value.text) ? "a number" : nullptr;
+}
+
+// A word as it looks.
+std::string withoutInvisible(std::string word) {
+  while (const auto invisible = firstInvisible(word)) {
+    std::size_t end = invisible->offset + 1;
+    while (end < word.size() && charactersIn(word.substr(end, 1)) == 0) ++end;
+    word.erase(invisible->offset, end - invisible->offset);
+  }
+  return word;
+}
+
 bool isRemark(std::string_view key) { return key.substr(0, 2) == "//"; }
 
 // The id that an author may have meant.
@@ -90,12 +115,13 @@ class Reader {
       return std::nullopt;
     }
     readChart(*document);
-    if (found_.hasErrors()) return std::nullopt;
+    if (document->kind != Kind::map || document->isCutShort) return std::nullopt;
     return std::move(chart_);
   }
 
  private:
-  // What to do with the value of a key.
+  // What to do with the value of a key. One table says which keys there are and reads them, so
+  // that messages can't name others.
   struct Key {
     const char* name;
     std::function<void(const YamlEntry&)> read;
@@ -104,7 +130,19 @@ class Reader {
   bool is(Kind kind, const YamlEntry& entry, const std::string& wanted, const std::string& cure) {
     if (entry.value.kind == kind) return true;
     found_.add(Code::wrongType, entry.value.place,
-               entry.key + " is " + nameOf(entry.value.kind) + ", and has to be " + wanted, cure);
+               inShort(entry.key) + " is " + nameOf(entry.value.kind) + ", and has to be " + wanted,
+               cure);
+    return false;
+  }
+
+  // Whether it is a text to every reader of YAML, such as those that editors have.
+  bool isText(const YamlEntry& entry, const std::string& wanted, const std::string& cure) {
+    if (!is(Kind::text, entry, wanted, cure)) return false;
+    const char* const type = otherTypeOf(entry.value);
+    if (type == nullptr) return true;
+    found_.add(Code::wrongType, entry.value.place,
+               entry.key + " is " + type + " to YAML, and has to be " + wanted,
+               "put it in double quotes");
     return false;
   }
 
@@ -126,12 +164,11 @@ class Reader {
 
   std::string unknownKey(const YamlEntry& entry, const std::vector<Key>& keys,
                          const std::string& where) {
-    if (saysInvisible(entry.key, entry.place)) return "";
-    if (where == aChart && entry.value.has("text")) {
+    if (entry.value.kind == Kind::map) hasAllBoxes_ = false;
+    if (where == aChart && entry.value.has("text") && !firstInvisible(entry.key)) {
       found_.add(Code::indentation, entry.place,
-                 entry.key + " stands where the keys of the chart stand",
+                 inShort(entry.key) + " stands where the keys of the chart stand",
                  "indent it like the ids of the other boxes");
-      hasAllBoxes_ = false;
       return "";
     }
     std::string known;
@@ -140,12 +177,13 @@ class Reader {
       known += (known.empty() ? "" : ", ") + std::string(each.name);
       names.emplace_back(each.name);
     }
-    const std::string near = nearest(entry.key, names);
+    const std::string near = nearest(withoutInvisible(entry.key), names);
+    if (saysInvisible(entry.key, entry.place)) return near;
     std::string cure = (near.empty() ? "it may have " : "did you mean " + near + "? It may have ");
     cure += known;
     if (isRemark(entry.key)) cure = "write # before a remark";
     if (entry.key == "id") cure = "its id is the word before its colon";
-    found_.add(Code::unknownKey, entry.place, where + " has no " + entry.key, cure);
+    found_.add(Code::unknownKey, entry.place, where + " has no " + inShort(entry.key), cure);
     return near;
   }
 
@@ -188,16 +226,35 @@ class Reader {
                  "begin with \"chart: \" and the name of the chart");
       return;
     }
-    readSettings(document);
-    if (boxes_ == nullptr || boxes_->isCutShort || document.isCutShort) hasAllBoxes_ = false;
-    for (const char* key : {"chart", "start", "boxes"}) {
-      if (document.find(key) == nullptr && !found_.hasErrors() && !isAmongBoxes(key)) {
-        found_.add(Code::missingKey, {}, std::string("the chart has no ") + key,
-                   std::string("add a line that begins with \"") + key + ":\"");
-      }
+    const std::vector<std::string> meant = readSettings(document);
+    const bool isIntroMeant = std::find(meant.begin(), meant.end(), "intro") != meant.end();
+    const bool hasLost = document.has("intro") || isIntroMeant || isAmongBoxes("intro");
+    if (hasLost && document.find("intro") == nullptr) chart_.hasSureIntro = false;
+    noteLosses(document);
+    sayWhatIsMissing(document, meant);
+    if (boxes_ != nullptr) {
+      readBoxes(*boxes_);
+    } else {
+      hasAllBoxes_ = false;
     }
-    if (boxes_ != nullptr) readBoxes(*boxes_);
     resolve();
+  }
+
+  // An id isn't said to be missing where it may be that of a box which couldn't be read.
+  void noteLosses(const YamlValue& map) {
+    if (map.isCutShort || std::any_of(map.doubled.begin(), map.doubled.end(), mayHoldBoxes)) {
+      hasAllBoxes_ = false;
+    }
+  }
+
+  void sayWhatIsMissing(const YamlValue& document, const std::vector<std::string>& meant) {
+    if (document.isCutShort) return;
+    for (const char* key : {"chart", "start", "boxes"}) {
+      const bool isMeant = std::find(meant.begin(), meant.end(), key) != meant.end();
+      if (document.has(key) || isMeant || isAmongBoxes(key)) continue;
+      found_.add(Code::missingKey, {}, std::string("the chart has no ") + key,
+                 std::string("add a line that begins with \"") + key + ":\"");
+    }
   }
 
   // A setting of the chart that is indented like a box.
@@ -206,10 +263,12 @@ class Reader {
     return entry != nullptr && entry->value.kind == Kind::text;
   }
 
-  void readSettings(const YamlValue& document) {
+  // Boxes are read last: their texts are broken by the width, and their turns are the chart's,
+  // wherever these stand.
+  std::vector<std::string> readSettings(const YamlValue& document) {
     const std::vector<Key> keys = {
         {"chart", [this](const YamlEntry& entry) { readChartName(entry); }},
-        {"intro", [this](const YamlEntry& entry) { chart_.intro = paragraphs(entry); }},
+        {"intro", [this](const YamlEntry& entry) { readIntro(entry); }},
         {"start", [this](const YamlEntry& entry) { readStart(entry); }},
         {"entry", [this](const YamlEntry& entry) { readIsEntry(entry); }},
         {"turn", [this](const YamlEntry& entry) { turn_ = readTurn(entry, turn_); }},
@@ -222,37 +281,56 @@ class Reader {
            }
          }},
     };
-    readEntries(document, keys, aChart);
+    return readEntries(document, keys, aChart);
   }
 
-  bool isChart(const YamlEntry& entry) {
-    if (!is(Kind::text, entry, "the name of a chart", "write one name")) return false;
-    const std::string& name = entry.value.text;
-    if (std::find(catalogue_.begin(), catalogue_.end(), name) != catalogue_.end()) return true;
-    found_.add(Code::unknownChart, entry.value.place, "the catalogue has no chart " + name,
+  bool isInCatalogue(const std::string& name) const {
+    return std::find(catalogue_.begin(), catalogue_.end(), name) != catalogue_.end();
+  }
+
+  bool isName(const YamlEntry& entry) {
+    return isText(entry, "the name of a chart", "write one name");
+  }
+
+  void sayUnknownChart(const YamlValue& name) {
+    found_.add(Code::unknownChart, name.place,
+               name.text.empty() ? "the name of a chart is missing here"
+                                 : "the catalogue has no chart " + inShort(name.text),
                "'tavrel list' shows the names; capitals matter");
-    return false;
   }
 
   void readChartName(const YamlEntry& entry) {
-    if (!isChart(entry)) return;
+    if (!isName(entry)) return;
+    if (!isInCatalogue(entry.value.text)) return sayUnknownChart(entry.value);
     chart_.chart = entry.value.text;
     chart_.chartPlace = entry.value.place;
   }
 
+  void readIntro(const YamlEntry& entry) {
+    const std::size_t errorsBefore = found_.count(Severity::error);
+    chart_.intro = paragraphs(entry);
+    chart_.hasSureIntro = found_.count(Severity::error) == errorsBefore;
+  }
+
   void readStart(const YamlEntry& entry) {
-    if (is(Kind::text, entry, "the id of a box", "write the id of one that stands below boxes"))
+    if (isText(entry, "the id of a box", "write the id of one that stands below boxes"))
       start_ = &entry.value;
   }
 
+  // What a word in quotes says is a text to YAML.
+  static bool isPlain(const YamlValue& value) {
+    return value.kind == Kind::text && value.style == Style::plain;
+  }
+
   void readIsEntry(const YamlEntry& entry) {
-    const std::string& text = entry.value.text;
-    if (entry.value.kind != Kind::text || (text != "true" && text != "false")) {
-      found_.add(Code::wrongType, entry.value.place, "entry is either true or false",
-                 "write true if players come in from the table");
+    const YamlValue& value = entry.value;
+    const std::optional<bool> said = booleanIn(value.text);
+    if (said && isPlain(value)) {
+      chart_.isEntry = *said;
       return;
     }
-    chart_.isEntry = text == "true";
+    found_.add(Code::wrongType, value.place, "entry is either true or false",
+               said ? "take the quotes away" : "write true if players come in from the table");
   }
 
   Turn readTurn(const YamlEntry& entry, Turn usual) {
@@ -264,16 +342,16 @@ class Reader {
   }
 
   void readWidth(const YamlEntry& entry) {
-    const std::string& text = entry.value.text;
-    const bool isNumber = !text.empty() && text.size() < 4 &&
-                          text.find_first_not_of("0123456789") == std::string::npos;
-    const int number = isNumber ? std::stoi(text) : 0;
-    if (number >= narrowest && number <= widest) {
-      width_ = chart_.width = number;
+    const YamlValue& value = entry.value;
+    const std::optional<int> number = wholeNumberIn(value.text);
+    const bool isRight = number && *number >= narrowest && *number <= widest;
+    if (isRight && isPlain(value)) {
+      width_ = chart_.width = *number;
       return;
     }
-    found_.add(Code::wrongType, entry.value.place, "width is a number from 8 to 80",
-               "it says how many columns a line in a box may take");
+    found_.add(
+        Code::wrongType, value.place, "width is a number from 8 to 80",
+        isRight ? "take the quotes away" : "it says how many columns a line in a box may take");
   }
 
   // --- texts --------------------------------------------------------------------
@@ -290,7 +368,7 @@ class Reader {
     if (value.style != Style::plain) return hasNoControls(value);
     const std::string_view line = file_.line(value.place.line);
     const std::size_t comment = commentBehind(line, 0);
-    if (comment == std::string_view::npos) return true;
+    if (comment == std::string_view::npos) return isText(entry, "a text", quoteIt);
     found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(value.place.line) + comment),
                "YAML takes # behind a blank for a comment, and drops what follows",
                std::string(quoteIt) + ", or put the comment on a line of its own");
@@ -329,14 +407,15 @@ class Reader {
   };
 
   void readBoxes(const YamlValue& boxes) {
+    noteLosses(boxes);
     for (const YamlEntry& entry : boxes.entries) {
       if (isBox(entry)) {
-        readBox(entry.value, entry.key, entry.place);
+        readBox(entry.value, entry.place, &entry.key);
       } else {
-        numbers_.emplace(entry.key, noBox);
+        lostIds_.insert(entry.key);
       }
     }
-    for (const std::string& id : boxes.dropped) numbers_.emplace(id, noBox);
+    lostIds_.insert(boxes.dropped.begin(), boxes.dropped.end());
   }
 
   bool isBox(const YamlEntry& entry) {
@@ -348,18 +427,20 @@ class Reader {
     }
     std::string cure = "write its keys below its id";
     if (entry.value.kind == Kind::text) {
-      cure = isChartKey(entry.key) ? entry.key + " belongs to the chart: write no blanks before it"
-                                   : "write " + entry.key + ": " + inBraces(entry.value.text);
+      cure = isChartKey(entry.key)
+                 ? entry.key + " belongs to the chart: write no blanks before it"
+                 : "write " + inShort(entry.key) + ": " + inBraces(entry.value.text);
     }
     return is(Kind::map, entry, "a map of what the box has", cure);
   }
 
-  BoxNumber readBox(const YamlValue& map, const std::string& id, Place place) {
+  // A box that stands inline has its id among its keys, if it has one.
+  BoxNumber readBox(const YamlValue& map, Place place, const std::string* id = nullptr) {
     const auto number = static_cast<BoxNumber>(chart_.boxes.size());
     chart_.boxes.emplace_back();
     at(number).place = place;
     at(number).turn = turn_;
-    if (!id.empty()) nameBox(number, id, place);
+    if (id != nullptr) nameBox(number, *id, place);
     std::vector<Key> keys = {
         {"text", [&](const YamlEntry& entry) { at(number).text = textOfBox(entry); }},
         {"comment", [&](const YamlEntry& entry) { at(number).comment = paragraphs(entry); }},
@@ -372,13 +453,19 @@ class Reader {
            at(number).isTurnFixed = true;
          }},
     };
-    if (id.empty()) keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
+    if (id == nullptr)
+      keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
+    const std::size_t errorsBefore = found_.count(Severity::error);
     const std::vector<std::string> meant = readEntries(map, keys, "a box");
-    if (map.isCutShort) hasAllBoxes_ = false;
-    if (!map.has("text") && std::find(meant.begin(), meant.end(), "text") == meant.end()) {
+    noteLosses(map);
+    const bool isMeant = std::find(meant.begin(), meant.end(), "text") != meant.end();
+    if (!map.has("text") && !isMeant && !map.isCutShort) {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
     }
+    const bool isSound = found_.count(Severity::error) == errorsBefore && map.dropped.empty() &&
+                         map.doubled.empty() && !map.isCutShort;
+    if (!isSound) at(number).hasSureTexts = at(number).hasSureExits = false;
     return number;
   }
 
@@ -386,55 +473,86 @@ class Reader {
 
   void nameBox(BoxNumber number, const std::string& id, Place place) {
     if (!isId(id)) {
-      const std::string mended = mendedId(id);
-      hasAllBoxes_ = false;
-      if (saysInvisible(id, place)) return;
-      found_.add(Code::badId, place, "an id has letters from a to z, digits and hyphens alone",
-                 mended.empty() ? "give the box another id" : "write " + mended);
+      sayBadId(id, place);
     } else if (!numbers_.emplace(id, number).second) {
-      found_.add(Code::doubleId, place, "the id " + id + " stands here a second time",
+      found_.add(Code::doubleId, place, "the id " + inShort(id) + " stands here a second time",
                  "give the box another id");
     } else {
       at(number).id = id;
     }
   }
 
+  // What leads to the box may have its id as it is, or as it should be.
+  void sayBadId(const std::string& id, Place place) {
+    const std::string seen = withoutInvisible(id), mended = mendedId(seen);
+    lostIds_.insert({id, seen, mended});
+    constexpr std::size_t mostBad = 100;  // more of them would take their time
+    if (badIds_.size() < mostBad) badIds_.push_back(seen);
+    if (saysInvisible(id, place)) return;
+    found_.add(Code::badId, place,
+               id.empty() ? "an id has at least one letter or digit"
+                          : "an id has letters from a to z, digits and hyphens alone",
+               mended.empty() ? "give the box another id" : "write " + inShort(mended));
+  }
+
   void readId(BoxNumber number, const YamlEntry& entry) {
-    if (is(Kind::text, entry, "an id", "write a word"))
+    if (isText(entry, "an id", "write a word"))
       nameBox(number, entry.value.text, entry.value.place);
   }
 
+  // A link may lead to a chart that doesn't exist: the check warns of it, as it does in files.
+  // One line of a file has to hold it, and an empty one is no link.
   void readLink(BoxNumber number, const YamlEntry& entry) {
-    if (isChart(entry)) at(number).link = SourceLink{entry.value.place, entry.value.text};
+    if (!isName(entry)) return;
+    const std::string& name = entry.value.text;
+    const bool hasControl =
+        name.find('\n') != std::string::npos || std::any_of(name.begin(), name.end(), isControl);
+    if (name.empty() || hasControl) return sayUnknownChart(entry.value);
+    at(number).link = SourceLink{entry.value.place, name};
   }
 
   // Boxes within boxes are nested no deeper than the values of a file may be.
   void readExit(BoxNumber number, Answer answer, const YamlEntry& entry) {
     at(number).exitPlaces[answer] = entry.value.place;
     if (entry.value.kind == Kind::map) {
-      const BoxNumber next = readBox(entry.value, "", entry.value.place);
+      const BoxNumber next = readBox(entry.value, entry.value.place);
       at(number).exits[answer] = next;
-    } else if (is(Kind::text, entry, "the id of a box, or a box",
-                  "write the id alone, or the box between braces")) {
+    } else if (isText(entry, "the id of a box, or a box",
+                      "write the id alone, or the box between braces")) {
       references_.push_back({number, answer, &entry.value});
+    } else if (entry.value.kind == Kind::list) {
+      hasAllBoxes_ = false;
     }
   }
 
+  // Once all boxes have their numbers: an answer may name one that comes later.
   void resolve() {
     for (const Reference& reference : references_) {
-      at(reference.box).exits[reference.answer] = numberOf(*reference.id);
+      const BoxNumber exit = numberOf(*reference.id);
+      at(reference.box).exits[reference.answer] = exit;
+      if (exit == noBox) at(reference.box).hasSureExits = false;
     }
     if (start_ != nullptr) chart_.start = numberOf(*start_);
   }
 
-  // An id isn't said to be missing where it may be that of a box which couldn't be read.
   BoxNumber numberOf(const YamlValue& id) {
+    if (id.text.empty()) {
+      found_.add(Code::badId, id.place, "an id has at least one letter or digit",
+                 "write the id of a box");
+      return noBox;
+    }
     const auto found = numbers_.find(id.text);
     if (found != numbers_.end()) return found->second;
-    if (!saysInvisible(id.text, id.place) && hasAllBoxes_) {
-      found_.add(Code::unknownId, id.place, "no box has the id " + id.text, cureOf(id.text));
+    if (!saysInvisible(id.text, id.place) && hasAllBoxes_ && !isLost(id.text)) {
+      found_.add(Code::unknownId, id.place, "no box has the id " + inShort(id.text),
+                 cureOf(id.text));
     }
     return noBox;
+  }
+
+  // Whether it is the id of a box that has an error in it, or is meant to be.
+  bool isLost(const std::string& id) {
+    return lostIds_.count(id) > 0 || !nearest(id, badIds_).empty();
   }
 
   std::string cureOf(const std::string& unknownId) {
@@ -457,15 +575,24 @@ class Reader {
   int width_ = usualWidth;
   const YamlValue* start_ = nullptr;
   const YamlValue* boxes_ = nullptr;
-  bool hasAllBoxes_ = true;  // none was left out, with its id, for an error of its own
-  std::size_t comparisonsLeft_ = 200'000;
+  bool hasAllBoxes_ = true;                // none was left out, nobody knows with which id
+  std::size_t comparisonsLeft_ = 200'000;  // of words with ids, which would be a square of both
   std::unordered_map<std::string, BoxNumber> numbers_;
+  std::unordered_set<std::string> lostIds_;  // of boxes that were left out, or have bad ids
+  std::vector<std::string> badIds_;          // some of them
   std::vector<Reference> references_;
 };
 
 }  // namespace
 
 std::optional<ChartSource> readSource(const SourceFile& file, const Catalogue& catalogue,
+                                      Diagnostics& found) {
+  std::optional<ChartSource> source = readInPart(file, catalogue, found);
+  if (found.hasErrors()) return std::nullopt;
+  return source;
+}
+
+std::optional<ChartSource> readInPart(const SourceFile& file, const Catalogue& catalogue,
                                       Diagnostics& found) {
   if (file.bytes().find("\r\n") == std::string_view::npos) {
     return Reader(file, catalogue, found).read();

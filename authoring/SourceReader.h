@@ -22,6 +22,12 @@ using Catalogue = std::vector<std::string>;
 std::optional<ChartSource> readSource(const SourceFile& file, const Catalogue& catalogue,
                                       Diagnostics& found);
 
+/// The same, but what could be read comes back although there are errors. Its start and exits may
+/// be noBox then, its name empty, and texts left out: what isn't sure says so. Nothing comes back
+/// of a source that couldn't be read to its end.
+std::optional<ChartSource> readInPart(const SourceFile& file, const Catalogue& catalogue,
+                                      Diagnostics& found);
+
 }  // namespace tavrel::authoring
 
 #endif  // TAVREL_AUTHORING_SOURCEREADER_H

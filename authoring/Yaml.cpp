@@ -6,12 +6,15 @@
 #include <yaml-cpp/parser.h>
 
 #include <algorithm>
+#include <set>
 #include <sstream>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
 
 #include "authoring/BraceScan.h"
+#include "authoring/Directives.h"
+#include "authoring/InShort.h"
 #include "authoring/SourceKeys.h"
 #include "authoring/SourceScreening.h"
 #include "authoring/SyntaxCause.h"
@@ -23,17 +26,44 @@ namespace {
 constexpr std::size_t deepestNesting = 20;
 constexpr std::size_t mostValues = 100'000;
 
+constexpr const char* aliasText = "YAML keeps * at the beginning of a text for itself";
+
 using Kind = YamlValue::Kind;
 using Style = YamlValue::Style;
 
+// The bytes that yaml-cpp may be given again because of aliases. Files that people write are read
+// as often as it takes; those of megabytes a few times.
+constexpr std::size_t mostRead = 8'000'000;
+
 // Ends the reading where going on makes no sense; its diagnostic is written.
 struct Unreadable {};
+
+// Leaves out of a value what stands on a line or behind it, and a text before that line that may
+// have been meant to end sooner or to go on.
+void cutFrom(YamlValue& value, std::size_t line) {
+  std::vector<YamlEntry>& entries = value.entries;
+  const std::size_t all = entries.size();
+  while (!entries.empty() &&
+         (entries.back().place.line >= line || entries.back().value.place.line >= line)) {
+    entries.pop_back();
+  }
+  if (!entries.empty()) {
+    YamlValue& last = entries.back().value;
+    cutFrom(last, line);
+    const bool hasEnd =
+        last.isInFlow || last.style == Style::singleQuoted || last.style == Style::doubleQuoted;
+    if (last.kind == Kind::text && !hasEnd) entries.pop_back();
+  }
+  value.isCutShort = value.isCutShort || entries.size() < all;
+}
 
 // Builds values from the events of yaml-cpp. What an author may not use is left out: a value
 // that is dropped takes its key with it.
 class Builder : public YAML::EventHandler {
  public:
-  Builder(const SourceFile& file, Diagnostics& found) : file_(file), found_(found) {}
+  // The aliases, by their offsets, are those that yaml-cpp takes for texts.
+  Builder(const SourceFile& file, const std::set<std::size_t>& aliases, Diagnostics& found)
+      : file_(file), aliases_(aliases), found_(found) {}
 
   std::optional<YamlValue> take() { return std::move(document_); }
 
@@ -45,9 +75,31 @@ class Builder : public YAML::EventHandler {
     if (bracket != open_.end()) found_.forgetFrom(bracket->foundBefore);
   }
 
+  // Makes a document of what was read so far, without what is open between brackets.
+  void breakOff() {
+    for (; !open_.empty(); open_.pop_back()) {
+      YamlValue& value = open_.back().value;
+      value.isCutShort = true;
+      if (value.isInFlow) continue;
+      if (open_.size() == 1) {
+        document_ = std::move(value);
+      } else if (Open& map = open_[open_.size() - 2]; map.hasKey && !map.isKeyDropped) {
+        map.value.entries.push_back({std::move(map.key), map.keyPlace, std::move(value)});
+      }
+    }
+    if (document_) document_->isCutShort = true;
+  }
+
+  // The same, without what stands on a line that can't be read, or behind it.
+  void breakOff(std::size_t line) {
+    breakOff();
+    if (!document_) return;
+    if (document_->place.line >= line) return document_.reset();
+    cutFrom(*document_, line);
+  }
+
   void OnDocumentStart(const YAML::Mark& mark) override {
     if (documents_++ == 0) return;
-    if (document_) document_->isCutShort = true;
     found_.add(Code::secondDocument, placeOf(mark), "a second document begins here",
                "write one chart a file");
     throw Unreadable();
@@ -69,7 +121,7 @@ class Builder : public YAML::EventHandler {
   void OnScalar(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
                 const std::string& text) override {
     count(mark);
-    if (!isPlainNode(mark, tag, anchor)) return drop();
+    if (!isPlainNode(mark, tag, anchor) || isAlias(mark)) return drop(text);
     YamlValue value;
     value.place = placeOf(mark);
     value.isInFlow = !open_.empty() && open_.back().value.isInFlow;
@@ -95,7 +147,6 @@ class Builder : public YAML::EventHandler {
   // A map or list that is being read.
   struct Open {
     YamlValue value;
-    bool isDropped;
     std::size_t foundBefore = 0;  // how many diagnostics there were when it began
     bool hasKey = false;
     bool isKeyDropped = false;
@@ -141,7 +192,7 @@ class Builder : public YAML::EventHandler {
   bool isPlainNode(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor) {
     if (tag != "?" && tag != "!") {
       found_.add(Code::tag, placeOf(mark),
-                 "YAML takes " + tag + " for a tag, which would be dropped", quoteIt);
+                 "YAML takes " + inShort(tag) + " for a tag, which would be dropped", quoteIt);
       return false;
     }
     if (anchor != YAML::NullAnchor) {
@@ -149,6 +200,12 @@ class Builder : public YAML::EventHandler {
                  "YAML takes this for an anchor, which would be dropped", quoteIt);
       return false;
     }
+    return true;
+  }
+
+  bool isAlias(const YAML::Mark& mark) {
+    if (aliases_.count(offsetOf(mark)) == 0) return false;
+    found_.add(Code::mustBeQuoted, placeOf(mark), aliasText, quoteIt);
     return true;
   }
 
@@ -207,12 +264,15 @@ class Builder : public YAML::EventHandler {
   void reportNoBlank(Open& map, std::size_t colon) {
     std::string key = map.key.substr(0, colon);
     found_.add(Code::colonWithoutBlank, {map.keyPlace.line, map.keyPlace.column + colon},
-               "a blank is missing behind the colon of " + key, "write a blank behind it");
+               "a blank is missing behind the colon of " + inShort(key), "write a blank behind it");
     map.value.dropped.push_back(std::move(key));
   }
 
   // Whether a text without quotes was broken at its comma. That it has none is said elsewhere.
   static bool isRestOfText(const Open& map) {
+    if (isBoxKey(map.key)) return false;
+    const std::vector<std::string>& dropped = map.value.dropped;
+    if (!dropped.empty() && isTextKey(dropped.back())) return true;
     if (map.value.entries.empty()) return false;
     const YamlEntry& last = map.value.entries.back();
     return isTextKey(last.key) && last.value.style == Style::plain;
@@ -239,7 +299,7 @@ class Builder : public YAML::EventHandler {
 
   void reportAstray(Open& map) {
     found_.add(Code::indentation, map.keyPlace,
-               "nothing below " + map.key + " is indented deeper than it",
+               "nothing below " + inShort(map.key) + " is indented deeper than it",
                "indent an id like the other ids, and its box deeper");
     map.isAstray = map.value.isCutShort = true;
   }
@@ -252,8 +312,8 @@ class Builder : public YAML::EventHandler {
                  "give boxes ids, and write them one below the other");
       throw Unreadable();
     }
+    isPlainNode(mark, tag, anchor);  // what is in it can be read all the same
     Open open;
-    open.isDropped = !isPlainNode(mark, tag, anchor);
     open.value.kind = kind;
     open.value.place = placeOf(mark);
     open.value.isInFlow = style == YAML::EmitterStyle::Flow;
@@ -264,7 +324,6 @@ class Builder : public YAML::EventHandler {
   void end() {
     Open closed = std::move(open_.back());
     open_.pop_back();
-    if (closed.isDropped) return drop();
     add(std::move(closed.value));
   }
 
@@ -281,15 +340,17 @@ class Builder : public YAML::EventHandler {
     }
   }
 
-  void drop() {
+  // Leaves out a value, or a key with its value. `text` is that of the key, if it is known.
+  void drop(const std::string& text = {}) {
     if (open_.empty() || open_.back().value.kind == Kind::list) return;
     Open& map = open_.back();
-    if (map.hasKey) {
-      map.hasKey = false;
-      map.value.dropped.push_back(std::move(map.key));
-    } else {
-      map.hasKey = map.isKeyDropped = true;
+    if (!map.hasKey) {
+      map.hasKey = map.isKeyDropped = map.value.isCutShort = true;
+      if (!text.empty()) map.value.dropped.push_back(text);
+      return;
     }
+    map.hasKey = false;
+    if (!map.isKeyDropped) map.value.dropped.push_back(std::move(map.key));
   }
 
   void beginEntry(YamlValue key) {
@@ -302,20 +363,23 @@ class Builder : public YAML::EventHandler {
   }
 
   bool mayBeKey(const YamlValue& key) {
+    YamlValue& map = open_.back().value;
     if (key.kind != Kind::text) {
+      map.isCutShort = true;
       found_.add(Code::wrongType, key.place, "a key has to be a word",
                  "write a word before a colon");
       return false;
     }
     if (key.text == "<<" && key.style == Style::plain) {
+      map.isCutShort = true;
       found_.add(Code::mergeKey, key.place, "merge keys are not read", "write out what is meant");
       return false;
     }
     if (open_.back().keys.insert(key.text).second) return true;
-    found_.add(Code::doubleKey, key.place, key.text + " stands here a second time",
+    map.doubled.push_back(key.text);
+    found_.add(Code::doubleKey, key.place, inShort(key.text) + " stands here a second time",
                isBoxKey(key.text) || isChartKey(key.text) ? "keep one of the two"
                                                           : "give this one another name");
-    open_.back().value.isCutShort = open_.size() <= 2;  // a box may be lost
     return false;
   }
 
@@ -327,6 +391,7 @@ class Builder : public YAML::EventHandler {
   }
 
   const SourceFile& file_;
+  const std::set<std::size_t>& aliases_;
   Diagnostics& found_;
   std::optional<YamlValue> document_;
   std::vector<Open> open_;
@@ -349,9 +414,24 @@ std::optional<Cause> causeInQuotes(const YAML::ParserException& problem, const S
                "take it away, or write two for one; suits are !c !d !h !s"};
 }
 
+// Where an alias stands that yaml-cpp can't resolve, which ends its reading.
+std::optional<std::size_t> aliasIn(const YAML::ParserException& problem, const SourceFile& file) {
+  const std::string_view begin = YAML::ErrorMsg::UNKNOWN_ANCHOR;
+  if (std::string_view(problem.msg).substr(0, begin.size()) != begin) return std::nullopt;
+  const auto line = static_cast<std::size_t>(std::max(problem.mark.line, 0)) + 1;
+  if (line > file.lineCount()) return std::nullopt;
+  const std::size_t offset =
+      file.startOf(line) + static_cast<std::size_t>(std::max(problem.mark.column, 0));
+  if (file.bytes().substr(offset, 1) != "*") return std::nullopt;
+  return offset;
+}
+
 std::optional<Cause> causeOf(const YAML::ParserException& problem, const SourceFile& file,
                              std::size_t line) {
   const std::size_t start = file.startOf(line);
+  if (const auto alias = aliasIn(problem, file)) {
+    return Cause{Code::mustBeQuoted, *alias, aliasText, quoteIt};
+  }
   if (std::optional<Cause> cause = causeInQuotes(problem, file, start)) return cause;
   if (std::optional<Cause> cause = causeOfSyntaxError(file, line)) return cause;
   const std::optional<Trap> trap = trapIn(file.line(line));
@@ -359,9 +439,10 @@ std::optional<Cause> causeOf(const YAML::ParserException& problem, const SourceF
   return Cause{trap->code, start + trap->offset, trap->text, trap->cure};
 }
 
-// yaml-cpp says what it looked for in vain, which tells an author little.
-void reportSyntax(const YAML::ParserException& problem, const SourceFile& file,
-                  Diagnostics& found) {
+// yaml-cpp says what it looked for in vain, which tells an author little. Returns the line from
+// which on nothing is sure.
+std::size_t reportSyntax(const YAML::ParserException& problem, const SourceFile& file,
+                         Diagnostics& found) {
   const auto line =
       std::min(static_cast<std::size_t>(std::max(problem.mark.line, 0)) + 1, file.lineCount());
   const auto column = static_cast<std::size_t>(std::max(problem.mark.column, 0));
@@ -373,6 +454,23 @@ void reportSyntax(const YAML::ParserException& problem, const SourceFile& file,
   const Place place = file.placeOf(cause.offset);
   found.forgetFromLine(place.line);
   found.add(cause.code, place, cause.text, cause.cure);
+  return place.line;
+}
+
+void parse(const std::string& bytes, Builder& builder) {
+  std::istringstream stream(bytes);
+  YAML::Parser parser(stream);
+  while (parser.HandleNextDocument(builder)) {
+  }
+}
+
+// Lines that tell readers of YAML how to read are said to be wrong, and read as remarks.
+void screenDirectives(const SourceFile& file, std::string& bytes, Diagnostics& found) {
+  for (const std::size_t offset : directivesIn(file)) {
+    bytes[offset] = '#';
+    found.add(Code::directive, file.placeOf(offset),
+              "a line that begins with % tells readers of YAML how to read", "take the line away");
+  }
 }
 
 }  // namespace
@@ -387,20 +485,32 @@ bool YamlValue::has(const std::string& key) const {
   return find(key) != nullptr || std::find(dropped.begin(), dropped.end(), key) != dropped.end();
 }
 
+// An alias that ends the reading is given to yaml-cpp once more, as a word.
 std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {
   if (!mayBeRead(file, found)) return std::nullopt;
-  Builder builder(file, found);
-  try {
-    std::istringstream stream{std::string(file.bytes())};
-    YAML::Parser parser(stream);
-    while (parser.HandleNextDocument(builder)) {
+  std::string bytes(file.bytes());
+  screenDirectives(file, bytes, found);
+  const Diagnostics foundBefore = found;
+  std::set<std::size_t> aliases;
+  while (true) {
+    Builder builder(file, aliases, found);
+    try {
+      parse(bytes, builder);
+    } catch (const YAML::ParserException& problem) {
+      const std::optional<std::size_t> alias = aliasIn(problem, file);
+      if (alias && (aliases.size() + 2) * bytes.size() <= mostRead) {
+        bytes[*alias] = '_';
+        aliases.insert(*alias);
+        found = foundBefore;
+        continue;
+      }
+      builder.forgetOpenBrackets();
+      builder.breakOff(reportSyntax(problem, file, found));
+    } catch (const Unreadable&) {
+      builder.breakOff();
     }
-  } catch (const YAML::ParserException& problem) {
-    builder.forgetOpenBrackets();
-    reportSyntax(problem, file, found);
-  } catch (const Unreadable&) {
+    return builder.take();
   }
-  return builder.take();
 }
 
 }  // namespace tavrel::authoring

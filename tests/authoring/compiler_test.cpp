@@ -110,7 +110,7 @@ TEST(Compiler, NamesTheBoxRepeatedMost) {
 }
 
 TEST(Compiler, WritesNothingOfASourceWithErrors) {
-  EXPECT_EQ(found("chart: Opening\n"), Found{"1:1 T0203"});
+  EXPECT_EQ(found("chart: Opening\nstart: a\n"), Found{"1:1 T0203"});
 }
 
 }  // namespace

@@ -38,6 +38,38 @@ TEST(MeaningCheck, WantsAnIntroductionAndComments) {
             (Said{"1:1 T0609", "4:3 T0610"}));
 }
 
+TEST(MeaningCheck, SaysOfSoundBoxesWhatItSaysWithoutErrors) {
+  EXPECT_EQ(saidOfBoxes("  b0: {text: \"Is it\", comment: \"15-17.\", yes: \"b1\", no: \"b2\"}\n"
+                        "  b1: {text: \"Open 2C\"}\n"
+                        "  b2: {text: \"Pass\", coment: \"So.\"}\n"),
+            (Said{"5:14 T0603", "5:33 T0614", "6:3 T0610", "6:20 T0613", "7:22 T0202"}));
+  EXPECT_EQ(saidOfSource("chart: Nope\nstart: b0\nboxes:\n" + end(0)),
+            (Said{"1:1 T0609", "1:8 T0208"}));
+}
+
+// Whether something is missing, or leads somewhere, nobody knows where it can't be read.
+TEST(MeaningCheck, SaysNothingThatAnErrorMayHaveCaused) {
+  for (const char* intro : {"intro: &k When.\n", "intro: [When]\n", "Intro: When.\n", "intro:\n"}) {
+    const Said said =
+        saidOfSource("chart: Opening\nstart: b0\n" + std::string(intro) + "boxes:\n" + end(0));
+    EXPECT_EQ(said.size(), 1U) << intro;
+  }
+  EXPECT_EQ(saidOfBoxes("  b0:\n    text: Is it?\n    comment: &k So.\n    yes: b1\n    no: b1\n" +
+                        end(1)),
+            Said{"7:14 T0111"});
+  EXPECT_EQ(saidOfBoxes("  b0: {text: \"Is it?\", comment: \"So.\", yes: \"b1\"}\n" + end(2)),
+            (Said{"5:45 T0207"}));
+  EXPECT_EQ(saidOfBoxes(end(0) + "  b1: {text: \"Pass?\", comment: \"So.\", yes: [b0]}\n"),
+            (Said{"6:44 T0204"}));
+  EXPECT_EQ(saidOfBoxes("  b0: {text: \"Open 2C\"}\n  b1: [\n"), (Said{"6:7 T0124"}));
+}
+
+TEST(MeaningCheck, SaysItBesideAnErrorOfTheDrawingToo) {
+  const std::string lines = question(0, "b4", "b1") + question(1, "b0", "b2") +
+                            question(2, "b0", "b3") + question(3, "b0", "b4") + end(4, "Open 2C");
+  EXPECT_EQ(saidOfBoxes(lines), (Said{"8:3 T0301", "9:20 T0613"}));
+}
+
 TEST(MeaningCheck, WantsMarksAtQuestionsAlone) {
   EXPECT_EQ(saidOfBoxes(question(0, "b1", "b2", "It is") + end(1, "Pass?") + end(2)),
             (Said{"5:14 T0603", "6:14 T0604"}));

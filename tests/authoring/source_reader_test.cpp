@@ -114,6 +114,60 @@ TEST(SourceReader, WantsAChartAStartAndBoxes) {
   EXPECT_EQ(found("chart: Opening\nstart: a\n"), Found{"1:1 T0203"});
 }
 
+TEST(SourceReader, NamesAllThatIsMissingBesideOtherErrors) {
+  EXPECT_EQ(found("intro: x\n"), (Found{"1:1 T0203", "1:1 T0203", "1:1 T0203"}));
+  EXPECT_EQ(found("{}\n"), (Found{"1:1 T0203", "1:1 T0203", "1:1 T0203"}));
+  EXPECT_EQ(found("intro: x\nfoo: y\nboxes:\n  a: {text: \"x\", yes: \"q\"}\n"),
+            (Found{"1:1 T0203", "1:1 T0203", "2:1 T0202", "4:23 T0207"}));
+}
+
+// What was written, but can't be read, isn't missing, nor is what it would have brought.
+TEST(SourceReader, MissesNothingThatHasAnErrorOfItsOwn) {
+  EXPECT_EQ(found("chart: ~\nstart: a\nboxes:\n"), (Found{"1:1 T0114", "3:1 T0114"}));
+  EXPECT_EQ(found("Chart: Opening\nstart: a\nboxe: {a: {text: \"x\"}}\n"),
+            (Found{"1:1 T0202", "3:1 T0202"}));
+  EXPECT_EQ(found("&k chart: Opening\nstart: a\nboxes:\n  a: {text: \"x\"}\n"), Found{"1:1 T0111"});
+  EXPECT_EQ(found("~: Opening\nstart: a\nboxes:\n  a: {text: \"x\"}\n"), Found{"1:1 T0114"});
+  EXPECT_EQ(found("ch\u200Bart: Opening\nstart: a\nboxes:\n  a: {text: \"x\"}\n"),
+            Found{"1:3 T0125"});
+  EXPECT_EQ(found(withBox("    &k text: x\n")), Found{"5:5 T0111"});
+  EXPECT_EQ(found(withBox("    <<: {text: \"x\"}\n")), Found{"5:5 T0113"});
+}
+
+TEST(SourceReader, MissesNoIdThatABoxWithAnErrorMayHave) {
+  const std::string lead = "    text: x\n    yes: b\n";
+  EXPECT_EQ(found(withBox(lead + "  b:\n")), Found{"7:3 T0114"});
+  EXPECT_EQ(found(withBox(lead + "  &k b: {text: \"y\"}\n")), Found{"7:3 T0111"});
+  EXPECT_EQ(found(withBox(lead + "  b_: {text: \"y\"}\n")), Found{"7:3 T0205"});
+  EXPECT_EQ(found(withBox(lead + "  b\u200B: {text: \"y\"}\n")), Found{"7:4 T0125"});
+  EXPECT_EQ(found(withBox(lead + "    nope: {id: b, text: \"y\"}\n")), Found{"7:5 T0202"});
+  EXPECT_EQ(found(withBox(lead + "    no: {text: \"y\"}\n    no: {id: b, text: \"y\"}\n")),
+            Found{"8:5 T0116"});
+  EXPECT_EQ(found(withBox(lead + "    no: [{id: b, text: \"y\"}]\n")), Found{"7:9 T0204"});
+  EXPECT_EQ(found(withBox(lead) + "start: c\n"), (Found{"6:10 T0207", "7:1 T0116"}));
+}
+
+TEST(SourceReader, ReadsWhatStandsBehindATagOrAnAnchor) {
+  EXPECT_EQ(found(withBox("    text: x\n    yes: &k {id: b, text: y}\n    no: b\n")),
+            (Found{"6:10 T0111", "6:27 T0118"}));
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes: !!map\n  a: {text: x}\n"),
+            (Found{"3:8 T0110", "4:13 T0118"}));
+}
+
+// What stands before it and is sure to have been meant so.
+TEST(SourceReader, KeepsTheErrorsBeforeOneOfSyntax) {
+  EXPECT_EQ(found(withBox("    text: x\n    foo: y\n    yes: q\n  b: [\n  c: {bar: y}\n")),
+            (Found{"6:5 T0202", "8:6 T0124"}));
+  EXPECT_EQ(found("Chart: Opening\nstart: a\nboxes:\n  a:\n    text: x\n   no: b\n"),
+            (Found{"1:1 T0202", "6:4 T0122"}));
+  EXPECT_EQ(found("chart: Opening\nstart: a\nboxes:\n  a: {text: x}\n  b: {text: \"y\"\n"),
+            (Found{"4:13 T0118", "5:6 T0124"}));
+  EXPECT_EQ(found("chart: Nope\nstart: a\nboxes:\n  a:\n    text: \"y\n"),
+            (Found{"1:8 T0208", "5:11 T0119"}));
+  EXPECT_EQ(found(withBox("    comment: x\n    text\n    foo: x\n")), Found{"6:9 T0121"});
+  EXPECT_EQ(found("- a\n}\n"), Found{"1:1 T0204"});
+}
+
 TEST(SourceReader, NamesUnknownKeys) {
   EXPECT_EQ(found(withBox("    text: x\n") + "color: red\n"), Found{"6:1 T0202"});
   EXPECT_EQ(found(withBox("    text: x\n    maybe: b\n")), Found{"6:5 T0202"});
@@ -135,10 +189,11 @@ TEST(SourceReader, NamesValuesOfTheWrongType) {
 }
 
 TEST(SourceReader, TakesWidthsFromEightToEighty) {
-  for (const char* width : {"8", "80"}) {
+  for (const char* width : {"8", "80", "0x20", "0o30", "+24", "24.0", "2.4e1"}) {
     EXPECT_EQ(found(withBox("    text: x\n") + "width: " + width + "\n"), Found{});
   }
-  for (const char* width : {"7", "81", "-8", "9999999999", "x", "8.5", "\"\""}) {
+  for (const char* width :
+       {"7", "81", "-8", "9999999999", "x", "8.5", "\"\"", "1e400", "0x7", "0xFFFFFFFFF", ".inf"}) {
     EXPECT_EQ(found(withBox("    text: x\n") + "width: " + width + "\n"), Found{"6:8 T0204"});
   }
 }
@@ -157,6 +212,49 @@ TEST(SourceReader, WantsIdsOfLettersDigitsAndHyphens) {
   EXPECT_EQ(found(withBox("    text: x\n    yes: {id: aZ-zA09, text: \"y\"}\n")), Found{});
 }
 
+TEST(SourceReader, WantsIdsThatAreNotEmptyWhereverTheyStand) {
+  EXPECT_EQ(found("chart: Opening\nstart: \"\"\nboxes:\n  \"\": {text: \"x\"}\n"),
+            (Found{"2:8 T0205", "4:3 T0205"}));
+  EXPECT_EQ(found(withBox("    text: x\n    yes: \"\"\n  \"\": {text: \"y\"}\n")),
+            (Found{"6:10 T0205", "7:3 T0205"}));
+}
+
+// As a reader of YAML 1.2 in an editor has them.
+TEST(SourceReader, WantsTextsThatAreNoNumbersAndNeitherTrueNorFalse) {
+  for (const char* other : {"12", "-3", "+4", "1.5", ".5", "2.", "1e3", "0x1F", "0o17", "007",
+                            "true", "False", "TRUE", ".inf", "-.INF", ".NaN"}) {
+    const std::string value = std::string(other) + "\n";
+    EXPECT_EQ(found(withBox("    text: " + value)), Found{"5:11 T0204"}) << value;
+    EXPECT_EQ(found(withBox("    text: \"" + std::string(other) + "\"\n")), Found{}) << value;
+  }
+  for (const char* text : {"1NT", "15-17", "1.2.3", "0x", "0o8", "e3", "1e", ".", "+", "-.nan",
+                           "12:30", "1_000", "yes", "tRUE", "12 HCP"}) {
+    EXPECT_EQ(found(withBox(std::string("    text: ") + text + "\n")), Found{}) << text;
+  }
+  EXPECT_EQ(found("chart: 1\nintro: 2\nstart: 3\nboxes:\n  a:\n    text: x\n    comment: 4\n"
+                  "    yes: 5\n    no: {id: 6, text: \"y\", chart: 7}\n"),
+            (Found{"1:8 T0204", "2:8 T0204", "3:8 T0204", "7:14 T0204", "8:10 T0204", "9:14 T0204",
+                   "9:35 T0204"}));
+}
+
+TEST(SourceReader, WantsNoQuotesRoundNumbersAndTruth) {
+  EXPECT_EQ(found(withBox("    text: x\n") + "entry: \"true\"\n"), Found{"6:8 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n") + "entry: 'false'\n"), Found{"6:8 T0204"});
+  EXPECT_EQ(found(withBox("    text: x\n") + "width: \"24\"\n"), Found{"6:8 T0204"});
+  EXPECT_TRUE(sourceOf(withBox("    text: x\n") + "entry: True\n").isEntry);
+}
+
+TEST(SourceReader, ShowsLongWordsInShort) {
+  const std::string word(100, 'z'), shown = std::string(40, 'z') + "…";
+  const SourceFile file("Opening.yaml",
+                        withBox("    text: x\n    " + word + ": y\n    yes: " + word + "\n"));
+  Diagnostics found;
+  readSource(file, catalogue, found);
+  ASSERT_EQ(found.sorted().size(), 2U);
+  EXPECT_EQ(found.sorted()[0].text, "a box has no " + shown);
+  EXPECT_EQ(found.sorted()[1].text, "no box has the id " + shown);
+}
+
 TEST(SourceReader, NamesIdsThatStandTwice) {
   EXPECT_EQ(found(withBox("    text: x\n    yes: {id: a, text: \"y\"}\n")), Found{"6:15 T0206"});
 }
@@ -168,7 +266,17 @@ TEST(SourceReader, NamesIdsThatNoBoxHas) {
 
 TEST(SourceReader, NamesChartsThatTheCatalogueHasNot) {
   EXPECT_EQ(found("chart: opening\nstart: a\nboxes:\n  a: {text: \"x\"}\n"), Found{"1:8 T0208"});
-  EXPECT_EQ(found(withBox("    text: x\n    chart: Openings\n")), Found{"6:12 T0208"});
+}
+
+// The check warns of them, and a file can hold them.
+TEST(SourceReader, TakesLinksToChartsThatTheCatalogueHasNot) {
+  const ChartSource chart = sourceOf(withBox("    text: x\n    chart: Openings\n"));
+  EXPECT_EQ(chart[0].link->chart, "Openings");
+  for (const char* name : {"\"\"", "\"Open\\nings\"", "\"Open\\tings\"", "|\n      Opening"}) {
+    EXPECT_EQ(found(withBox(std::string("    text: x\n    chart: ") + name + "\n")),
+              Found{"6:12 T0208"})
+        << name;
+  }
 }
 
 TEST(SourceReader, WantsATextInEveryBox) {

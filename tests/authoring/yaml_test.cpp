@@ -88,6 +88,32 @@ TEST(Yaml, RefusesTagsAnchorsAliasesAndMergeKeys) {
   EXPECT_EQ(read("\"<<\": a\n"), "{<<=a}");
 }
 
+TEST(Yaml, ReadsOnBehindAnAliasWithoutAnAnchor) {
+  EXPECT_EQ(found("a: *x\nb: {c: *y}\nd: !z e\nf: [*z]\n"),
+            (Found{"1:4 T0117", "2:8 T0117", "3:4 T0110", "4:5 T0117"}));
+  EXPECT_EQ(found("a: {text: *x, five}\nb: !c d\n"), (Found{"1:11 T0117", "2:4 T0110"}));
+  EXPECT_EQ(found("a: *x, five\n*k : b\nc: !d e\n"),
+            (Found{"1:4 T0117", "2:1 T0117", "3:4 T0110"}));
+}
+
+// Each is a reason to read the file again.
+TEST(Yaml, ReadsALargeFileNoMoreThanAFewTimesForItsAliases) {
+  std::string text;
+  for (int i = 0; i < 50'000; ++i) text += "- *x" + std::to_string(i) + "\n";
+  const Found some = found(text);
+  EXPECT_GT(some.size(), 4U);
+  EXPECT_LT(some.size(), 40U);
+  EXPECT_EQ(some.back(), std::to_string(some.size()) + ":3 T0117");
+}
+
+TEST(Yaml, RefusesDirectives) {
+  EXPECT_EQ(found("%YAML 1.2\n---\na: !b c\n"), (Found{"1:1 T0127", "3:4 T0110"}));
+  EXPECT_EQ(found("# x\n\n%YAML 3.0\n%TAG !c! tag:x,2000:\n%FOO\n---\na: b\n"),
+            (Found{"3:1 T0127", "4:1 T0127", "5:1 T0127"}));
+  EXPECT_EQ(found("%FOO\na: b\n"), Found{"1:1 T0127"});
+  EXPECT_EQ(read("---\na: |\n  x\n  %YAML 1.2\n"), "{a=x\n%YAML 1.2\n}");
+}
+
 TEST(Yaml, RefusesThemForTheWholeForKeysAndInLists) {
   EXPECT_EQ(found("!c foo\n"), Found{"1:1 T0110"});
   EXPECT_EQ(found("!c foo: bar\na: b\n"), Found{"1:1 T0110"});

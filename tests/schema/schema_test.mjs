@@ -70,14 +70,24 @@ const mistakes = [
   ['start: a\n', 'start: a\nwidth: 7\n'],
   ['start: a\n', 'start: a\nwidth: 81\n'],
   ['start: a\n', 'start: a\nwidth: wide\n'],
+  ['start: a\n', 'start: a\nwidth: "24"\n'],
+  ['start: a\n', 'start: a\nwidth: 24.5\n'],
   ['start: a\n', 'start: a\nentry: yes\n'],
+  ['start: a\n', 'start: a\nentry: "true"\n'],
+  ['start: a\n', 'start: a\nintro: 12\n'],
+  ['start: a\n', 'start: a\nintro: 1.5\n'],
+  ['start: a\n', 'start: a\nintro: true\n'],
+  ['start: a\n', 'start: 0x1F\n'],
   ['start: a\n', 'start: a\nturn: left\n'],
   ['start: a\n', 'start: a\nintro: [one, two]\n'],
   ['start: a\n', 'start: a\nstart: a\n'],
   ['yes: b', 'yes: [b]'],
   ['yes: b', 'yes: "b c"'],
   ['yes: b', 'yes: b, turn: up'],
-  ['yes: b', 'yes: b, chart: Nowhere'],
+  ['yes: b', 'yes: b, chart: ""'],
+  ['yes: b', 'yes: b, chart: "Open\\ning"'],
+  ['yes: b', 'yes: b, chart: 12'],
+  ['yes: b', 'yes: 12'],
   ['yes: b', 'yes: b, comment: {a: b}'],
   ['text: "No", ', ''],
   ['text: "No"', 'text: ""'],
@@ -87,10 +97,20 @@ const mistakes = [
   ['b: {text: "B"}', 'b: Pass'],
 ];
 
-test('a chart without a mistake is as the schema says', () => {
-  assert.deepEqual(wrongIn(fine), []);
-  assert.ok(compile(fine).isFine);
-});
+const variants = [
+  ['start: a\n', 'start: a\nentry: True\nwidth: 0x18\n'],
+  ['start: a\n', 'start: a\nwidth: 24.0\nintro: "12"\n'],
+  ['start: a\n', 'start: "a"\nturn: "down"\nwidth: +24\n'],
+  ['yes: b', 'yes: b, chart: Nowhere'],
+];
+
+for (const [right, other] of [['', ''], ...variants]) {
+  test(`schema and compiler take ${JSON.stringify(other)} for ${JSON.stringify(right)}`, () => {
+    const source = fine.replace(right, other);
+    assert.deepEqual(wrongIn(source), []);
+    assert.ok(compile(source).isFine);
+  });
+}
 
 for (const [right, wrong] of mistakes) {
   test(`schema and compiler refuse ${JSON.stringify(wrong)} for ${JSON.stringify(right)}`, () => {

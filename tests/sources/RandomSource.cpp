@@ -145,11 +145,11 @@ class Author {
     const bool isBehind = choices_.chance(20);
     met_.meet(Feature::settingsBehind, isBehind);
     if (!isBehind) append(settings);
-    if (choices_.chance(80)) line(0, "start: " + plan_.boxes()[0].id);
+    if (choices_.chance(80)) line(0, "start: " + reference(plan_.boxes()[0].id));
     const bool hasStart = text_.find("\nstart: ") != std::string::npos;
     line(0, "boxes:");
     writeBoxes();
-    if (!hasStart) line(0, "start: " + plan_.boxes()[0].id);
+    if (!hasStart) line(0, "start: " + reference(plan_.boxes()[0].id));
     if (isBehind) append(settings);
     return std::move(text_);
   }
@@ -213,6 +213,12 @@ class Author {
 
   static bool isEnd(const PlannedBox& box) { return box.exits[0] < 0 && box.exits[1] < 0; }
 
+  // Where an id is a value, YAML would take some for a number or for true.
+  static std::string reference(const std::string& id) {
+    const bool isText = id != "true" && (id[0] < '0' || id[0] > '9');
+    return isText ? id : "\"" + id + "\"";
+  }
+
   bool needsId(const PlannedBox& box) {
     if (!box.isInline || (!box.isNamed && !choices_.chance(20))) return false;
     met_.meet(Feature::inlineNamed, box.isNamed);
@@ -224,7 +230,7 @@ class Author {
   std::string link() { return choices_.from({"RespNT", "Stayman", "Opening"}); }
 
   void writeBox(const PlannedBox& box, int indent) {
-    if (needsId(box)) line(indent, "id: " + box.id);
+    if (needsId(box)) line(indent, "id: " + reference(box.id));
     text_ += textOf("text", indent, false);
     if (choices_.chance(50)) text_ += textOf("comment", indent, true);
     if (hasLink(box)) line(indent, "chart: " + link());
@@ -248,7 +254,7 @@ class Author {
     const std::string key = answer == 0 ? "yes" : "no";
     const PlannedBox& to = at(box.exits[answer]);
     if (!standsHere(box, answer)) {
-      line(indent, key + ": " + to.id);
+      line(indent, key + ": " + reference(to.id));
     } else if (choices_.chance(40)) {
       line(indent, key + ": " + inBraces(to));
       met_.meet(Feature::inlineFlow);
@@ -261,7 +267,7 @@ class Author {
 
   std::string inBraces(const PlannedBox& box) {
     std::string text = "{";
-    if (needsId(box)) text += "id: " + box.id + ", ";
+    if (needsId(box)) text += "id: " + reference(box.id) + ", ";
     text += "text: " + doubleQuoted(sentence(12));
     if (choices_.chance(50)) text += ", comment: " + doubleQuoted(sentence(30));
     if (hasLink(box)) text += ", chart: " + link();
@@ -270,7 +276,7 @@ class Author {
       const PlannedBox& to = at(box.exits[answer]);
       text += answer == 0 ? ", yes: " : ", no: ";
       if (standsHere(box, answer)) met_.meet(Feature::inlineFlow);
-      text += standsHere(box, answer) ? inBraces(to) : to.id;
+      text += standsHere(box, answer) ? inBraces(to) : reference(to.id);
     }
     return text + "}";
   }
