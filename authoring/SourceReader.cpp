@@ -13,6 +13,7 @@
 #include "authoring/Yaml.h"
 #include "authoring/YamlTraps.h"
 #include "text/NearMiss.h"
+#include "text/Utf8.h"
 
 namespace tavrel::authoring {
 namespace {
@@ -37,12 +38,6 @@ const char* nameOf(Kind kind) {
 
 bool isIdCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
-}
-
-// Bytes that no line of a flowchart file may hold, which the escapes of YAML can stand for.
-bool isControl(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return (value < ' ' && byte != '\n') || value == 0x7F;
 }
 
 bool isId(std::string_view text) {
@@ -287,20 +282,20 @@ class Reader {
                  "between braces a text has to stand in double quotes", quoteIt);
       return false;
     }
-    if (value.style != Style::plain) return hasNoControls(value);
-    const std::string_view line = file_.line(value.place.line);
-    const std::size_t comment = commentBehind(line, 0);
-    if (comment == std::string_view::npos) return true;
-    found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(value.place.line) + comment),
-               "YAML takes # behind a blank for a comment, and drops what follows",
-               std::string(quoteIt) + ", or put the comment on a line of its own");
-    return false;
+    return hasNoControls(value);
   }
 
+  // The reader of YAML makes bytes that are no UTF-8 of some escapes.
   bool hasNoControls(const YamlValue& value) {
-    if (std::none_of(value.text.begin(), value.text.end(), isControl)) return true;
+    std::string_view text = value.text;
+    const bool isUtf8 = firstThatIsNotUtf8(text) == std::string_view::npos;
+    while (!text.empty() && controlAt(text) == 0 && byteOrderMarkAt(text) == 0) {
+      text.remove_prefix(1);
+    }
+    if (text.empty() && isUtf8) return true;
     found_.add(Code::controlCharacter, value.place,
-               "an escape in this text stands for a control character", "take it away");
+               "an escape in this text stands for a character that no text may hold",
+               "take it away");
     return false;
   }
 

@@ -45,7 +45,7 @@ TEST(Diagnostic, ShowsWholeCharactersOfALongLine) {
 
 TEST(Diagnostic, PointsNoFurtherThanTheLineGoes) {
   EXPECT_EQ(shownAt("abc\n", {1, 80}),
-            "Opening.yaml:1:80: error: something is wrong [T0109]\n    \n    ^\n");
+            "Opening.yaml:1:80: error: something is wrong [T0109]\n    abc\n       ^\n");
 }
 
 TEST(Diagnostic, ShowsNothingThatMovesTheCursor) {
