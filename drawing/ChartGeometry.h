@@ -10,6 +10,7 @@
 #ifndef TAVREL_DRAWING_CHARTGEOMETRY_H
 #define TAVREL_DRAWING_CHARTGEOMETRY_H
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <utility>
@@ -72,6 +73,22 @@ struct ElementReach {
   Reach across;  ///< left and right of the column's centre
   Reach down;    ///< above and below the row's centre
 };
+
+/// Makes room for the lines at the sides: `lineLength` tells how long the one at a direction is,
+/// and `besideLine` how far what is written beside a line up or down reaches to the right of it.
+template <typename LineLength, typename BesideLine>
+ElementReach withLines(ElementReach reach, const CellSides& sides, LineLength lineLength,
+                       BesideLine besideLine) {
+  reach.across.before += lineLength(XYDirectionXMinus);
+  reach.across.after += lineLength(XYDirectionXPlus);
+  reach.down.before += lineLength(XYDirectionYMinus);
+  reach.down.after += lineLength(XYDirectionYPlus);
+  for (const XYDirection direction : {XYDirectionYPlus, XYDirectionYMinus}) {
+    reach.across.after = std::max<std::int64_t>(reach.across.after, besideLine(sides[direction]));
+  }
+  return reach;
+}
+
 using Measure = std::function<ElementReach(const ScreenElement&, const CellSides&)>;
 
 /// The columns and rows of one flowchart.

@@ -78,14 +78,7 @@ ElementReach svgReach(const ScreenElement& element, const CellSides& sides) {
   const auto length = [&](XYDirection direction) {
     return svgLineLength(element, sides[direction], direction);
   };
-  reach.across.before += length(XYDirectionXMinus);
-  reach.across.after += length(XYDirectionXPlus);
-  reach.down.before += length(XYDirectionYMinus);
-  reach.down.after += length(XYDirectionYPlus);
-  for (const XYDirection direction : {XYDirectionYPlus, XYDirectionYMinus}) {
-    reach.across.after = std::max(reach.across.after, reachBesideLine(sides[direction]));
-  }
-  return reach;
+  return withLines(reach, sides, length, reachBesideLine);
 }
 
 }  // namespace tavrel::drawing

@@ -158,10 +158,7 @@ class SvgWriter {
   void writeBox(xml_node root, const WrittenBox& box) const {
     const ScreenElement& element = *box.element;
     const SvgBox measured = svgBoxOf(element);
-    const std::string id = "box-" + std::to_string(element.x()) + "-" + std::to_string(element.y());
-    const xml_node group = append(linked(root, box), "g");
-    set(group, "id", id);
-    set(group, "role", "img");
+    const xml_node group = appendGroup(root, box);
     if (box.isPlace) set(group, "aria-current", "location");
     appendCharacters(group, "\n");
     appendCharacters(append(group, "title"), box.title);
@@ -175,12 +172,17 @@ class SvgWriter {
     writeText(seen, measured, left + measured.width / 2, top + rowPadding);
   }
 
-  static xml_node linked(xml_node root, const WrittenBox& box) {
-    if (box.link.empty()) return root;
-    const xml_node link = append(root, "a");
-    set(link, "href", box.link);
-    appendCharacters(link, "\n");
-    return link;
+  // A link is a group of its own: one round another would be read out twice.
+  static xml_node appendGroup(xml_node root, const WrittenBox& box) {
+    const ScreenElement& element = *box.element;
+    const xml_node group = append(root, box.link.empty() ? "g" : "a");
+    set(group, "id", "box-" + std::to_string(element.x()) + "-" + std::to_string(element.y()));
+    if (box.link.empty()) {
+      set(group, "role", "img");
+    } else {
+      set(group, "href", box.link);
+    }
+    return group;
   }
 
   void writeFrame(xml_node group, const SvgArea& area, const SvgBox& measured,

@@ -116,18 +116,10 @@ int lineLength(const ScreenElement& element, const CellSide& side, XYDirection d
 }
 
 ElementReach textReach(const ScreenElement& element, const CellSides& sides, Charset charset) {
-  ElementReach reach = reachOfFrame(element, charset);
   const auto length = [&](XYDirection direction) {
     return lineLength(element, sides[direction], direction);
   };
-  reach.across.before += length(XYDirectionXMinus);
-  reach.across.after += length(XYDirectionXPlus);
-  reach.down.before += length(XYDirectionYMinus);
-  reach.down.after += length(XYDirectionYPlus);
-  for (const XYDirection direction : {XYDirectionYPlus, XYDirectionYMinus}) {
-    reach.across.after = std::max(reach.across.after, reachBesideLine(sides[direction]));
-  }
-  return reach;
+  return withLines(reachOfFrame(element, charset), sides, length, reachBesideLine);
 }
 
 }  // namespace tavrel::drawing

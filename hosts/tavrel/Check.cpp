@@ -84,7 +84,7 @@ class Findings {
     files.push_back(readInput(path));
     return true;
   } catch (const Failure& failure) {
-    std::cerr << "tavrel: " << failure.what() << '\n';
+    tellFailure(failure.what());
     isUnread_ = true;
     return false;
   }

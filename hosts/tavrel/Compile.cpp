@@ -1,5 +1,6 @@
 #include "hosts/tavrel/Compile.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
@@ -19,6 +20,11 @@ namespace {
 namespace fs = std::filesystem;
 using namespace authoring;
 
+bool isFolder(const fs::path& path) {
+  std::error_code unseen;
+  return fs::is_directory(path, unseen);
+}
+
 // Where the file of a source goes. A name that the caller has not chosen is the chart's.
 struct Destination {
   fs::path path;
@@ -28,13 +34,21 @@ struct Destination {
 Destination destinationOf(const fs::path& source, const std::optional<std::string>& output) {
   const fs::path name = source.stem().string() + ".fv";
   if (!output) return {source == "-" ? fs::path("-") : source.parent_path() / name, source == "-"};
-  if (fs::is_directory(*output)) return {fs::path(*output) / name, false};
+  if (isFolder(*output)) return {fs::path(*output) / name, false};
   return {*output, true};
 }
 
+// Whatever a source is called, nothing is written over it.
+void refuseSame(const fs::path& source, const fs::path& destination) {
+  std::error_code missing;
+  if (source == "-" || !fs::equivalent(source, destination, missing)) return;
+  throw Failure("'" + source.string() + "' would be written over; name another file with -o");
+}
+
 bool compileOne(const fs::path& source, const std::optional<std::string>& output) {
-  const SourceFile file = readInput(source);
   const Destination destination = destinationOf(source, output);
+  refuseSame(source, destination.path);
+  const SourceFile file = readInput(source);
   Diagnostics found;
   const std::optional<CompiledChart> chart = compile(file, catalogueNames(), found);
   if (chart && !destination.isChosen) checkFileName(chart->source, source.string(), found);
@@ -44,17 +58,24 @@ bool compileOne(const fs::path& source, const std::optional<std::string>& output
   return true;
 }
 
-bool compileAll(const CompileArguments& arguments) {
-  bool isFine = true;
+// The exit status for one source; why it failed is told.
+int statusOf(const std::string& source, const std::optional<std::string>& output) try {
+  return compileOne(source, output) ? 0 : 1;
+} catch (const Failure& failure) {
+  return tellFailure(failure.what());
+}
+
+// All of them, whatever became of those before.
+int compileAll(const CompileArguments& arguments) {
+  int status = 0;
   for (const std::string& source : arguments.sources) {
-    isFine &= compileOne(source, arguments.output);
+    status = std::max(status, statusOf(source, arguments.output));
   }
-  return isFine;
+  return status;
 }
 
 void checkUsage(const CompileArguments& arguments) {
-  const bool isFolder = arguments.output && fs::is_directory(*arguments.output);
-  if (arguments.output && arguments.sources.size() > 1 && !isFolder) {
+  if (arguments.output && arguments.sources.size() > 1 && !isFolder(*arguments.output)) {
     throw Failure("several sources need a folder that exists behind -o");
   }
   if (!arguments.watches) return;
@@ -63,25 +84,15 @@ void checkUsage(const CompileArguments& arguments) {
   }
 }
 
-// A file that is being replaced may be missing for a moment.
-fs::file_time_type changeOf(const std::string& source) {
-  std::error_code missing;
-  return fs::last_write_time(source, missing);
-}
-
 [[noreturn]] void watch(const CompileArguments& arguments) {
   std::vector<fs::file_time_type> seen(arguments.sources.size());
   while (true) {
     for (std::size_t i = 0; i < seen.size(); ++i) {
       const std::string& source = arguments.sources[i];
-      const fs::file_time_type change = changeOf(source);
+      const fs::file_time_type change = lastChange(source);
       if (change == seen[i]) continue;
       seen[i] = change;
-      try {
-        if (compileOne(source, arguments.output)) std::cerr << source << ": compiled\n";
-      } catch (const Failure& failure) {
-        std::cerr << "tavrel: " << failure.what() << '\n';
-      }
+      if (statusOf(source, arguments.output) == 0) std::cerr << source << ": compiled\n";
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
   }
@@ -92,7 +103,7 @@ fs::file_time_type changeOf(const std::string& source) {
 int compileSources(const CompileArguments& arguments) {
   checkUsage(arguments);
   if (arguments.watches) watch(arguments);
-  return compileAll(arguments) ? 0 : 1;
+  return compileAll(arguments);
 }
 
 }  // namespace tavrel

@@ -15,9 +15,9 @@ struct CompileArguments {
   bool watches = false;
 };
 
-/// Compiles the sources and says what is wrong with them on standard error. Returns the exit
-/// status: 1 if there was an error in any. Throws Failure for wrong usage and for files that
-/// can't be read or written. With `watches` it goes on, until the program is ended.
+/// Compiles the sources and says what is wrong with them on standard error, each whatever became
+/// of those before it. Returns the exit status: 1 if there was an error in any, 2 if a file can't
+/// be read or written. Throws Failure for wrong usage. With `watches` it goes on, until the program is ended.
 int compileSources(const CompileArguments& arguments);
 
 }  // namespace tavrel

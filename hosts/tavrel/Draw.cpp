@@ -63,6 +63,9 @@ void checkUsage(const DrawArguments& arguments, Format format) {
   if (arguments.page && format != Format::pdf) {
     throw Failure("--page is for PDF alone; name a file that ends in .pdf, or --format pdf");
   }
+  if (arguments.theme && format == Format::txt) {
+    throw Failure("--theme is for pictures; text has no colours");
+  }
   const bool isBinary = format == Format::pdf || format == Format::png;
   if (isBinary && goesToStandardOutput(arguments) && isatty(STDOUT_FILENO) != 0) {
     throw Failure("a terminal can't show a picture; name a file with -o FILE");
@@ -201,7 +204,7 @@ int drawChart(const DrawArguments& arguments, const std::optional<std::string>& 
   Walk walk(chart->library);
   SvgOptions options;
   options.title = chart->title;
-  options.theme = themeNamed(arguments.theme);
+  options.theme = themeNamed(arguments.theme.value_or("light"));
   options.place = enter(walk, *chart, arguments);
   options.linkExtension = linkExtension(arguments, format);
   writeOutput(arguments.output.value_or("-"), draw(walk.navigator(), format, options, arguments));

@@ -14,9 +14,9 @@ struct DrawArguments {
   std::optional<std::string> output;  ///< a file, or "-"
   std::optional<std::string> format;  ///< "svg", "pdf", "png" or "txt"
   std::optional<std::string> answers;
-  std::optional<std::string> at;    ///< "X,Y"
-  std::string theme = "light";      ///< "light", "dark", "print" or "two-colour"
-  std::optional<std::string> page;  ///< "A4", "Letter" or "fit"
+  std::optional<std::string> at;     ///< "X,Y"
+  std::optional<std::string> theme;  ///< "light", "dark", "print" or "two-colour"
+  std::optional<std::string> page;   ///< "A4", "Letter" or "fit"
 };
 
 /// Draws the chart. The format is that of `format`, or else of the output's extension, or else

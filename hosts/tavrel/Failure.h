@@ -19,6 +19,9 @@ class Failure : public std::runtime_error {
 /// The exit status of a Failure.
 constexpr int failureStatus = 2;
 
+/// Prints it on standard error, behind the program's name, and returns its exit status.
+int tellFailure(const std::string& what);
+
 }  // namespace tavrel
 
 #endif  // TAVREL_HOSTS_TAVREL_FAILURE_H

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "hosts/tavrel/Failure.h"
@@ -36,10 +37,16 @@ std::string bytesOf(std::istream& stream, const std::string& name) {
 authoring::SourceFile readInput(const std::filesystem::path& path) {
   if (path == "-") return {"standard input", bytesOf(std::cin, "standard input")};
   const std::string name = path.string();
-  if (std::filesystem::is_directory(path)) fail(name, "it is a folder");
+  std::error_code unseen;  // opening it says why
+  if (std::filesystem::is_directory(path, unseen)) fail(name, "it is a folder");
   std::ifstream file(path, std::ios::binary);
   if (!file) fail(name, std::strerror(errno));
   return {name, bytesOf(file, name)};
+}
+
+std::filesystem::file_time_type lastChange(const std::filesystem::path& path) {
+  std::error_code missing;
+  return std::filesystem::last_write_time(path, missing);
 }
 
 }  // namespace tavrel

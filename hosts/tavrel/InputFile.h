@@ -13,6 +13,10 @@ namespace tavrel {
 /// than 64 MB.
 authoring::SourceFile readInput(const std::filesystem::path& path);
 
+/// When the file was last written; the clock's first moment while it is missing, as a file that is
+/// being replaced may be.
+std::filesystem::file_time_type lastChange(const std::filesystem::path& path);
+
 }  // namespace tavrel
 
 #endif  // TAVREL_HOSTS_TAVREL_INPUTFILE_H

@@ -17,12 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace authoring;
 
-// A file that is being replaced may be missing for a moment.
-fs::file_time_type changeOf(const fs::path& source) {
-  std::error_code missing;
-  return fs::last_write_time(source, missing);
-}
-
 bool isFile(const fs::path& path) {
   std::error_code ignored;
   return fs::is_regular_file(path, ignored);
@@ -56,7 +50,7 @@ SourceCharts::SourceCharts(fs::path source, fs::path others)
 bool SourceCharts::compile() {
   said_.clear();
   firstError_.clear();
-  for (auto& [source, change] : seen_) change = changeOf(source);
+  for (auto& [source, change] : seen_) change = lastChange(source);
   std::optional<CompiledChart> chart = compiled(source_);
   if (!chart) return false;
   for (const auto& old : fs::directory_iterator(folder())) fs::remove(old);
@@ -70,7 +64,7 @@ bool SourceCharts::compile() {
 
 bool SourceCharts::haveChanged() const {
   return std::any_of(seen_.begin(), seen_.end(),
-                     [](const auto& source) { return changeOf(source.first) != source.second; });
+                     [](const auto& source) { return lastChange(source.first) != source.second; });
 }
 
 const CompiledChart* SourceCharts::find(const std::string& name) const {
@@ -146,7 +140,7 @@ bool SourceCharts::fetchFrom(const fs::path& folder, const std::string& name) {
 }
 
 void SourceCharts::note(const fs::path& source) {
-  seen_.insert_or_assign(source, changeOf(source));
+  seen_.insert_or_assign(source, lastChange(source));
 }
 
 }  // namespace tavrel

@@ -162,8 +162,7 @@ void parse(CLI::App& app, int argc, char** argv) try {
 int fail(const std::string& what) {
   std::cout.exceptions(std::ios_base::goodbit);  // what can't be written now is lost
   std::cout.flush();
-  std::cerr << "tavrel: " << printable(what, localeCharset()) << '\n';
-  return failureStatus;
+  return tellFailure(what);
 }
 
 int run(int argc, char** argv) try {

@@ -125,6 +125,16 @@ TEST_F(PicturesTest, MayHaveTooManyPixelsForPng) {
   EXPECT_NE(problemOf([this] { png(); }).find("too large for PNG"), std::string::npos);
 }
 
+TEST_F(PicturesTest, HaveAsMuchOfALongTitleAsAPageIsWide) {
+  select(question());
+  std::string title;
+  for (int i = 0; i < 300; ++i) title += "é";
+  const std::string words = wordsOf(pdf({Paper::a4, title}));
+  EXPECT_NE(words.find("éé…\n"), std::string::npos) << words;
+  EXPECT_LT(count(words, "é"), 300U);
+  EXPECT_GT(count(words, "é"), 50U);
+}
+
 TEST_F(PicturesTest, HaveAPageOfTheirSizeATitleAndLinks) {
   select(question());
   SvgOptions links;

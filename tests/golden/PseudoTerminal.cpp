@@ -8,6 +8,7 @@
 #include <unistd.h>
 #include <utmp.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstring>
@@ -32,6 +33,9 @@ winsize windowOf(ScreenSize size) {
   window.ws_row = static_cast<unsigned short>(size.rows);
   return window;
 }
+
+// What no command writes. It is taken out of what is read.
+constexpr char mark = '\0';
 
 // The letter for what a process does: S while it sleeps until something happens.
 char stateOf(pid_t process) {
@@ -74,8 +78,10 @@ PseudoTerminal::~PseudoTerminal() {
 }
 
 void PseudoTerminal::type(const std::string& bytes) {
+  const long before = wakes();
   require(write(outside_, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()),
           "cannot type");
+  waitUntilNoticed(before);
   settle();
 }
 
@@ -112,7 +118,25 @@ std::vector<std::string> PseudoTerminal::leftBehind() const {
   return left;
 }
 
+// The kernel may be late with what was typed, and with what the command answers.
+void PseudoTerminal::waitUntilNoticed(long wakesBefore) {
+  const auto deadline = Clock::now() + patience;
+  while (!hasEnded() && isIdle() && wakes() == wakesBefore) {
+    if (Clock::now() > deadline) throw std::runtime_error("the command takes no keys");
+    std::this_thread::sleep_for(step);
+  }
+}
+
 void PseudoTerminal::settle() {
+  std::size_t before;
+  do {
+    waitUntilIdle();
+    before = raw_.size();
+    drainAll();
+  } while (raw_.size() != before);
+}
+
+void PseudoTerminal::waitUntilIdle() {
   const auto deadline = Clock::now() + patience;
   auto busyAt = Clock::now();
   while (Clock::now() - busyAt < idleLongEnough) {
@@ -133,10 +157,35 @@ void PseudoTerminal::drain() {
   while (poll(&output, 1, 0) > 0 && (output.revents & POLLIN) != 0) {
     const ssize_t count = read(outside_, piece, sizeof piece);
     if (count <= 0) return;
-    const std::string bytes(piece, static_cast<std::size_t>(count));
+    std::string bytes(piece, static_cast<std::size_t>(count));
+    const auto marks = std::remove(bytes.begin(), bytes.end(), mark);
+    marksRead_ += static_cast<int>(bytes.end() - marks);
+    bytes.erase(marks, bytes.end());
     raw_ += bytes;
     screen_.write(bytes);
   }
+}
+
+// Bytes come out of a terminal in the order in which they went in: whoever has seen a mark has
+// seen all that was written before it.
+void PseudoTerminal::drainAll() {
+  const auto deadline = Clock::now() + patience;
+  const int marksBefore = marksRead_;
+  require(write(inside_, &mark, 1) == 1, "cannot write a mark");
+  while (marksRead_ == marksBefore) {
+    if (Clock::now() > deadline) throw std::runtime_error("the mark is lost");
+    drain();
+    std::this_thread::yield();
+  }
+}
+
+// How often the process has slept until something happened.
+long PseudoTerminal::wakes() const {
+  std::ifstream file("/proc/" + std::to_string(process_) + "/status");
+  for (std::string line; std::getline(file, line);) {
+    if (line.rfind("voluntary_ctxt_switches:", 0) == 0) return std::stol(line.substr(24));
+  }
+  return -1;
 }
 
 bool PseudoTerminal::isIdle() const {
@@ -158,7 +207,7 @@ void PseudoTerminal::waitForEnd() {
     drain();
     std::this_thread::sleep_for(step);
   }
-  drain();
+  if (outside_ >= 0) drainAll();
 }
 
 }  // namespace tavrel

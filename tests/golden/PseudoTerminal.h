@@ -58,13 +58,18 @@ class PseudoTerminal {
 
  private:
   void settle();
+  void waitUntilIdle();
+  void waitUntilNoticed(long wakesBefore);
   void drain();
+  void drainAll();
   bool isIdle() const;
+  long wakes() const;
   bool hasEnded();
   void waitForEnd();
 
   VirtualScreen screen_;
   std::string raw_;
+  int marksRead_ = 0;  // of those that follow what the command has written
   pid_t process_ = -1;
   int outside_ = -1;  // the end of whoever sits at the terminal
   int inside_ = -1;   // the command's end, kept open to ask about it

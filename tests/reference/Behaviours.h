@@ -3,9 +3,10 @@
 #ifndef TAVREL_TESTS_REFERENCE_BEHAVIOURS_H
 #define TAVREL_TESTS_REFERENCE_BEHAVIOURS_H
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+
+#include "tests/support/TimesMet.h"
 
 namespace tavrel::reference {
 
@@ -137,14 +138,7 @@ inline constexpr const char* behaviourWords[] = {
 constexpr std::size_t behaviourCount = sizeof behaviourWords / sizeof *behaviourWords;
 
 /// How often each behaviour was met.
-struct Behaviours {
-  std::array<std::uint64_t, behaviourCount> times{};
-
-  void meet(Behaviour behaviour) { ++times[static_cast<std::size_t>(behaviour)]; }
-  void add(const Behaviours& other) {
-    for (std::size_t i = 0; i < behaviourCount; ++i) times[i] += other.times[i];
-  }
-};
+using Behaviours = TimesMet<Behaviour, behaviourCount>;
 
 }  // namespace tavrel::reference
 

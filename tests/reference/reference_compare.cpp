@@ -14,7 +14,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -23,49 +22,11 @@
 #include "tests/support/CommandLine.h"
 #include "tests/support/Files.h"
 #include "tests/support/Threads.h"
+#include "tests/support/TimesMet.h"
+#include "tests/support/TrialOptions.h"
 
 namespace tavrel::reference {
 namespace {
-
-struct Options {
-  std::uint64_t operations = 0, first = 1, threads = 1, least = 0, seed = 0;
-  bool hasSeed = false;
-  std::string figures;
-  std::vector<std::string> conversations;
-};
-
-void takeOption(const std::string& name, const std::string& value, Options& options) {
-  std::map<std::string, std::uint64_t*> numbers = {{"--operations", &options.operations},
-                                                   {"--first", &options.first},
-                                                   {"--threads", &options.threads},
-                                                   {"--least", &options.least},
-                                                   {"--seed", &options.seed}};
-  if (name == "--figures") {
-    options.figures = value;
-  } else if (numbers.count(name) > 0) {
-    *numbers[name] = number(value);
-    options.hasSeed |= name == "--seed";
-  } else {
-    throw WrongUse("unknown option " + name);
-  }
-}
-
-Options optionsOf(const std::vector<std::string>& arguments) {
-  Options options;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (arguments[i].compare(0, 2, "--") != 0) {
-      options.conversations.push_back(arguments[i]);
-    } else if (i + 1 == arguments.size()) {
-      throw WrongUse(arguments[i] + " takes a value");
-    } else {
-      takeOption(arguments[i], arguments[i + 1], options);
-      ++i;
-    }
-  }
-  const bool isAny = options.operations > 0 || options.hasSeed || !options.conversations.empty();
-  if (!isAny || options.threads == 0) throw WrongUse("nothing to do");
-  return options;
-}
 
 void print(const std::string& origin, const Difference& difference) {
   std::printf("%s: request %zu, %s\n  reference: %s\n  navigator: %s\n", origin.c_str(),
@@ -84,7 +45,7 @@ void printSmallest(const std::string& origin, const Dialogue& dialogue, Temporar
 /// Plays dialogue after dialogue, on several threads.
 class Run {
  public:
-  explicit Run(const Options& options) : options_(options), next_(options.first) {}
+  explicit Run(const TrialOptions& options) : options_(options), next_(options.first) {}
 
   bool isClean() {
     onThreads(static_cast<std::size_t>(options_.threads), [this] { work(); });
@@ -100,7 +61,7 @@ class Run {
     try {
       TemporaryFiles files;
       Behaviours met;
-      while (operations_ < options_.operations && !hasFailed_) play(next_++, files, met);
+      while (operations_ < options_.count && !hasFailed_) play(next_++, files, met);
       const std::lock_guard<std::mutex> lock(mutex_);
       met_.add(met);
     } catch (const std::exception& error) {
@@ -124,39 +85,17 @@ class Run {
     }
   }
 
-  const Options& options_;
+  const TrialOptions& options_;
   std::atomic<std::uint64_t> next_, operations_{0};
   std::atomic<bool> hasFailed_{false};
   std::mutex mutex_;
   Behaviours met_;
 };
 
-/// Writes how often each behaviour was met; returns how many were met too seldom.
-int report(const Behaviours& met, std::uint64_t least, std::FILE* to) {
-  int seldom = 0;
-  for (std::size_t i = 0; i < behaviourCount; ++i) {
-    const bool isSeldom = met.times[i] < least;
-    seldom += isSeldom ? 1 : 0;
-    std::fprintf(to, "%12" PRIu64 "  %s%s\n", met.times[i], behaviourWords[i],
-                 isSeldom ? "  (too seldom)" : "");
-  }
-  return seldom;
-}
-
-/// The same into the file of that name, or to standard output without one.
-int report(const Behaviours& met, std::uint64_t least, const std::string& figures) {
-  if (figures.empty()) return report(met, least, stdout);
-  OpenFile file(std::fopen(figures.c_str(), "w"));
-  const int seldom = file ? report(met, least, file.get()) : 0;
-  const bool isWritten = file && std::ferror(file.get()) == 0;
-  if (!isWritten || std::fclose(file.release()) != 0) throw WrongUse("can't write " + figures);
-  return seldom;
-}
-
-int playMany(const Options& options) {
+int playMany(const TrialOptions& options) {
   Run run(options);
   if (!run.isClean()) return 1;
-  const int seldom = report(run.met(), options.least, options.figures);
+  const int seldom = report(run.met(), behaviourWords, options.least, options.figures);
   std::printf("%" PRIu64 " operations in %" PRIu64
               " dialogues, %zu behaviours, %d met too seldom\n",
               run.operations(), run.dialogues(), behaviourCount, seldom);
@@ -187,10 +126,10 @@ int playFiles(const std::vector<std::string>& names) {
 }
 
 int run(const std::vector<std::string>& arguments) {
-  const Options options = optionsOf(arguments);
+  const TrialOptions options = trialOptionsOf(arguments, "--operations");
   keepTemporaryFilesInMemory();
   if (options.hasSeed) return playSeed(options.seed);
-  if (!options.conversations.empty()) return playFiles(options.conversations);
+  if (!options.files.empty()) return playFiles(options.files);
   return playMany(options);
 }
 

@@ -4,9 +4,10 @@
 #ifndef TAVREL_TESTS_SOURCES_FEATURES_H
 #define TAVREL_TESTS_SOURCES_FEATURES_H
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+
+#include "tests/support/TimesMet.h"
 
 namespace tavrel::sources {
 
@@ -69,16 +70,7 @@ inline constexpr const char* featureWords[] = {
 constexpr std::size_t featureCount = sizeof featureWords / sizeof *featureWords;
 
 /// How often each was met.
-struct Features {
-  std::array<std::uint64_t, featureCount> times{};
-
-  void meet(Feature feature, bool isMet = true) {
-    times[static_cast<std::size_t>(feature)] += isMet ? 1 : 0;
-  }
-  void add(const Features& other) {
-    for (std::size_t i = 0; i < featureCount; ++i) times[i] += other.times[i];
-  }
-};
+using Features = TimesMet<Feature, featureCount>;
 
 }  // namespace tavrel::sources
 

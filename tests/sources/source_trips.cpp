@@ -15,7 +15,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
-#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -26,49 +25,11 @@
 #include "tests/support/CommandLine.h"
 #include "tests/support/Files.h"
 #include "tests/support/Threads.h"
+#include "tests/support/TimesMet.h"
+#include "tests/support/TrialOptions.h"
 
 namespace tavrel::sources {
 namespace {
-
-struct Options {
-  std::uint64_t count = 0, first = 1, threads = 1, least = 0, seed = 0;
-  bool hasSeed = false;
-  std::string figures;
-  std::vector<std::string> files;
-};
-
-void takeOption(const std::string& name, const std::string& value, Options& options) {
-  const std::map<std::string, std::uint64_t*> numbers = {{"--count", &options.count},
-                                                         {"--first", &options.first},
-                                                         {"--threads", &options.threads},
-                                                         {"--least", &options.least},
-                                                         {"--seed", &options.seed}};
-  if (name == "--figures") {
-    options.figures = value;
-  } else if (numbers.count(name) > 0) {
-    *numbers.at(name) = number(value);
-    options.hasSeed |= name == "--seed";
-  } else {
-    throw WrongUse("unknown option " + name);
-  }
-}
-
-Options optionsOf(const std::vector<std::string>& arguments) {
-  Options options;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (arguments[i].compare(0, 2, "--") != 0) {
-      options.files.push_back(arguments[i]);
-    } else if (i + 1 == arguments.size()) {
-      throw WrongUse(arguments[i] + " takes a value");
-    } else {
-      takeOption(arguments[i], arguments[i + 1], options);
-      ++i;
-    }
-  }
-  const bool isAny = options.count > 0 || options.hasSeed || !options.files.empty();
-  if (!isAny || options.threads == 0) throw WrongUse("nothing to do");
-  return options;
-}
 
 void print(const std::string& origin, const std::string& what, const std::string& source) {
   std::printf("%s: %s\n# The source:\n%s", origin.c_str(), what.c_str(), source.c_str());
@@ -80,7 +41,7 @@ bool isGood(Outcome outcome) { return outcome == Outcome::alike || outcome == Ou
 /// Tries source after source, on several threads.
 class Run {
  public:
-  explicit Run(const Options& options) : options_(options), next_(options.first) {}
+  explicit Run(const TrialOptions& options) : options_(options), next_(options.first) {}
 
   bool isClean() {
     onThreads(static_cast<std::size_t>(options_.threads), [this] { work(); });
@@ -117,39 +78,17 @@ class Run {
     print("source_trips --seed " + std::to_string(seed), result.text, source);
   }
 
-  const Options& options_;
+  const TrialOptions& options_;
   std::atomic<std::uint64_t> next_, walked_{0};
   std::atomic<bool> hasFailed_{false};
   std::mutex mutex_;
   Features met_;
 };
 
-/// Writes how often each feature was met; returns how many were met too seldom.
-int report(const Features& met, std::uint64_t least, std::FILE* to) {
-  int seldom = 0;
-  for (std::size_t i = 0; i < featureCount; ++i) {
-    const bool isSeldom = met.times[i] < least;
-    seldom += isSeldom ? 1 : 0;
-    std::fprintf(to, "%12" PRIu64 "  %s%s\n", met.times[i], featureWords[i],
-                 isSeldom ? "  (too seldom)" : "");
-  }
-  return seldom;
-}
-
-/// The same into the file of that name, or to standard output without one.
-int report(const Features& met, std::uint64_t least, const std::string& figures) {
-  if (figures.empty()) return report(met, least, stdout);
-  OpenFile file(std::fopen(figures.c_str(), "w"));
-  const int seldom = file ? report(met, least, file.get()) : 0;
-  const bool isWritten = file && std::ferror(file.get()) == 0;
-  if (!isWritten || std::fclose(file.release()) != 0) throw WrongUse("can't write " + figures);
-  return seldom;
-}
-
-int tryMany(const Options& options) {
+int tryMany(const TrialOptions& options) {
   Run run(options);
   if (!run.isClean()) return 1;
-  const int seldom = report(run.met(), options.least, options.figures);
+  const int seldom = report(run.met(), featureWords, options.least, options.figures);
   std::printf("%" PRIu64 " sources, %" PRIu64 " walked, %zu features, %d met too seldom\n",
               options.count, run.walked(), featureCount, seldom);
   return seldom == 0 ? 0 : 1;
@@ -199,7 +138,7 @@ int tryFile(const std::string& name) {
 }
 
 int run(const std::vector<std::string>& arguments) {
-  const Options options = optionsOf(arguments);
+  const TrialOptions options = trialOptionsOf(arguments, "--count");
   reference::keepTemporaryFilesInMemory();
   if (options.hasSeed) return trySeed(options.seed);
   if (options.files.empty()) return tryMany(options);

@@ -1,6 +1,7 @@
 """What git knows of the checkout."""
 
 import subprocess
+from typing import Optional
 
 # What may change without anything having to be tried anew: texts for people, and what a
 # full run leaves behind: its records, and the inputs that it found. (docs/format.md is no
@@ -11,9 +12,10 @@ NOT_CODE = (":(exclude,glob)*.md", ":(exclude,glob)**/README.md", ":!docs/archit
             ":!tests/fuzz/recorded.tsv", ":!tests/fuzz/corpus")
 
 
-def git(*words: str) -> str:
+def git(*words: str) -> Optional[str]:
+    """What git prints, without the last line's end; None if it fails."""
     done = subprocess.run(["git", *words], text=True, capture_output=True, check=False)
-    return done.stdout.rstrip("\n") if done.returncode == 0 else ""
+    return done.stdout.rstrip("\n") if done.returncode == 0 else None
 
 
 class Tree:
@@ -22,8 +24,8 @@ class Tree:
     def __init__(self) -> None:
         self.commit = git("log", "-1", "--format=%h") or "unknown"
         self.code_commit = git("log", "-1", "--format=%h", "--", ".", *NOT_CODE) or "unknown"
-        self.changed_code = git("status", "--porcelain", "--", ".", *NOT_CODE).splitlines()
-        self.changed_code = [line[3:] for line in self.changed_code]
+        changes = git("status", "--porcelain", "--", ".", *NOT_CODE) or ""
+        self.changed_code = [line[3:] for line in changes.splitlines()]
 
     @property
     def is_commit(self) -> bool:
