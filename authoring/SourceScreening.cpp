@@ -144,6 +144,7 @@ class Screening {
     text_ += by;
     ++at_;
     if (kind != Kind::notUtf8) return;
+    shift();
     const std::size_t next = firstThatIsNotUtf8(bytes_.substr(at_));
     nextBad_ = next == nowhere ? nowhere : at_ + next;
   }
@@ -154,15 +155,13 @@ class Screening {
     shift();
   }
 
-  // From here on the text lies elsewhere than in the file.
+  // From here on the text lies elsewhere than in the file, or its columns are others.
   void shift() {
     const auto offset = static_cast<std::uint32_t>(text_.size());
     const auto bytes = static_cast<std::int32_t>(at_) - static_cast<std::int32_t>(offset);
-    if (!shifts_.empty() && shifts_.back().offset == offset) {
-      shifts_.back().bytes = bytes;
-    } else {
-      shifts_.push_back({offset, bytes});
-    }
+    if (!shifts_.empty() && shifts_.back().bytes == bytes) return;
+    if (!shifts_.empty() && shifts_.back().offset == offset) shifts_.pop_back();
+    shifts_.push_back({offset, bytes});
   }
 
   const SourceFile& file_;
@@ -231,8 +230,8 @@ Place Screened::placeIn(const SourceFile& file, Place place) const {
   const auto behind =
       std::upper_bound(shifts_.begin(), shifts_.end(), offset,
                        [](std::size_t at, const Shift& shift) { return at < shift.offset; });
-  if (behind == shifts_.begin()) return place;
-  const auto moved = static_cast<std::int64_t>(offset) + std::prev(behind)->bytes;
+  const std::int32_t bytes = behind == shifts_.begin() ? 0 : std::prev(behind)->bytes;
+  const auto moved = static_cast<std::int64_t>(offset) + bytes;
   return file.placeOf(static_cast<std::size_t>(moved));
 }
 

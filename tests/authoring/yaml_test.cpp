@@ -221,6 +221,7 @@ TEST(Yaml, CountsColumnsAsTheyStandInTheFile) {
   EXPECT_EQ(found("{a\x01\x02: b, c: !x d, \x03 e: !x f}\n"),
             (Found{"1:3 T0104", "1:13 T0110", "1:19 T0104", "1:24 T0110"}));
   EXPECT_EQ(found("a:\n\tb: !x c\n"), (Found{"2:1 T0105", "2:5 T0110"}));
+  EXPECT_EQ(found("{a\xA7\xA7\xA7: !x b}\n"), (Found{"1:3 T0102", "1:5 T0110"}));
 }
 
 TEST(Yaml, ReadsLinesThatTabsIndent) {
