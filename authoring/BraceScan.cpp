@@ -31,9 +31,13 @@ std::string_view keyAt(std::string_view bytes, std::size_t offset) {
 
 Cause closedTooLate(const SourceFile& file, std::size_t opening, std::size_t closing) {
   const std::string line = std::to_string(file.placeOf(closing).line);
-  return {Code::quoteNotClosed, opening,
-          "this quote is not closed before line " + line + ", where another text begins",
-          "close it at the end of the text"};
+  return {
+      Code::quoteNotClosed, opening,
+      "this quote is not closed before line " + line + ", where another text begins",
+      file.bytes()[opening] == '"'
+          ? "close it at the end of the text"
+          : "close it at the end of the text; one that belongs to it wants double quotes around "
+            "the text"};
 }
 
 BraceScan::BraceScan(const SourceFile& file, std::size_t offset)
@@ -52,6 +56,7 @@ std::optional<Cause> BraceScan::step() {
   if (c == ' ' || c == '\n') {
     ++at_;
   } else if (isRemark()) {
+    if (isValue_ && isSeparated_) return droppedText();
     skipRemark();
   } else if (c == ',') {
     separate();
@@ -77,6 +82,12 @@ void BraceScan::separate() {
   last_.reset();
 }
 
+// {text: #1 suit, …}
+Cause BraceScan::droppedText() const {
+  return {Code::mustBeQuoted, at_,
+          "YAML takes a text that begins with # for a comment, and drops it", quoteIt};
+}
+
 void BraceScan::skipRemark() {
   const std::size_t end = bytes_.find('\n', at_);
   at_ = end == nowhere ? bytes_.size() : end;
@@ -94,9 +105,17 @@ std::optional<Cause> BraceScan::quoted() {
   return std::nullopt;
 }
 
+// What a text without quotes can't begin with.
+bool BraceScan::isKeptForItself() const {
+  const char c = bytes_[at_];
+  return std::string_view("|>%@`*&!").find(c) != nowhere ||
+         ((c == '-' || c == '?') && byteAt(at_ + 1) == ' ');
+}
+
 // A word, or a text without quotes, up to the sign behind it.
 std::optional<Cause> BraceScan::plain() {
   const std::size_t begin = at_;
+  if (isValue_ && isKeptForItself()) return unquoted(begin);
   for (; at_ < bytes_.size() && bytes_[at_] != '\n' && !isSign(bytes_[at_]); ++at_) {
     if (isEndOfKey(at_) || isRemark()) break;
     if (bytes_[at_] == ':' && byteAt(at_ + 1) == '"') {
@@ -111,12 +130,16 @@ std::optional<Cause> BraceScan::plain() {
     return std::nullopt;
   }
   if (isValue_ && at_ > begin) {
-    return Cause{Code::unquotedInBraces, begin,
-                 "between braces a text has to stand in double quotes", quoteIt};
+    return unquoted(begin);
   }
   separate();
   isValue_ = true;
   return std::nullopt;
+}
+
+Cause BraceScan::unquoted(std::size_t begin) {
+  return {Code::unquotedInBraces, begin, "between braces a text has to stand in double quotes",
+          quoteIt};
 }
 
 // Two things without a comma between them.

@@ -38,11 +38,14 @@ class BraceScan {
   std::optional<Cause> plain();
   void separate();
   void skipRemark();
+  Cause droppedText() const;
+  static Cause unquoted(std::size_t begin);
   std::optional<Cause> unseparated() const;
   std::optional<Cause> lateQuote() const;
   Cause notClosed() const;
   char byteAt(std::size_t offset) const;
   bool isRemark() const;
+  bool isKeptForItself() const;
   bool isEndOfKey(std::size_t offset) const;
   bool isFirstOnLine(std::size_t offset) const;
 

@@ -18,38 +18,37 @@ struct Excerpt {
   int before;
 };
 
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+// A line without the carriage return at its end, unless that is what is shown.
+std::string_view shownLine(const SourceFile& file, Place place) {
+  std::string_view line = file.line(place.line);
+  if (!line.empty() && line.back() == '\r' && place.column < line.size()) line.remove_suffix(1);
+  return line;
+}
 
-// What can matter of a line from a character on: of a very long one a small part. Whole blocks are
-// passed at once, since a line of megabytes may have hundreds of findings.
-std::string_view partFrom(std::string_view line, std::size_t character) {
-  constexpr std::size_t block = 4096;
-  while (line.size() > block) {
-    const std::size_t passed = charactersIn(line.substr(0, block));
-    if (passed >= character) break;
-    character -= passed;
-    line.remove_prefix(block);
-  }
-  std::size_t start = 0;
-  while (start < line.size() && (isContinuation(line[start]) || --character > 0)) ++start;
-  return line.substr(start, mostBytes);
+// As much of a line as is surely more than what is shown: a character may take many bytes.
+std::string_view partOf(std::string_view line, std::size_t start) {
+  const std::string_view plain = line.substr(start, widestLine + 1);
+  const bool isPlain = std::all_of(plain.begin(), plain.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  return isPlain ? plain : line.substr(start, mostBytes);
 }
 
 // Around the place, where the line is long.
-Excerpt excerptOf(std::string_view line, std::size_t column) {
-  const bool isLong = line.size() > widestLine;
-  const std::size_t first = isLong && column > widestLine / 2 ? column - widestLine / 2 : 1;
-  const std::string_view part = first > 1 ? partFrom(line, first) : line.substr(0, mostBytes);
-  const std::string shownLine = printable(part, Charset::utf8);
+Excerpt excerptOf(const SourceFile& file, Place place) {
+  const std::string_view line = shownLine(file, place);
+  const bool isLong = line.size() > widestLine && place.column > widestLine / 2;
+  const std::size_t first = isLong ? place.column - widestLine / 2 : 1;
+  const std::size_t start =
+      isLong ? file.offsetOf({place.line, first}) - file.startOf(place.line) : 0;
+  const std::string part = printable(partOf(line, std::min(start, line.size())), Charset::utf8);
   std::string text;
   int before = 0, used = 0;
   std::size_t character = first;
-  for (const Glyph& glyph : glyphs(shownLine)) {
-    if (used + glyph.width <= widestLine) {
-      if (character < column) before += glyph.width;
-      text += glyph.bytes;
-      used += glyph.width;
-    }
+  for (const Glyph& glyph : glyphs(part)) {
+    if (used + glyph.width > widestLine) break;
+    if (character < place.column) before += glyph.width;
+    text += glyph.bytes;
+    used += glyph.width;
     ++character;
   }
   return {text, before};
@@ -113,6 +112,16 @@ void Diagnostics::forgetFromLine(std::size_t line) {
   forgetFrom(static_cast<std::size_t>(behind - all_.begin()));
 }
 
+void Diagnostics::append(const Diagnostics& others,
+                         const std::function<Place(Place place)>& placeOf) {
+  const std::size_t kept = std::min(others.all_.size(), mostKept - all_.size());
+  for (std::size_t i = 0; i < kept; ++i) {
+    all_.push_back(others.all_[i]);
+    all_.back().place = placeOf(all_.back().place);
+  }
+  for (std::size_t i = 0; i < counts_.size(); ++i) counts_[i] += others.counts_[i];
+}
+
 std::vector<Diagnostic> Diagnostics::sorted() const {
   std::vector<Diagnostic> all = all_;
   std::stable_sort(all.begin(), all.end(),
@@ -121,10 +130,7 @@ std::vector<Diagnostic> Diagnostics::sorted() const {
 }
 
 std::string shown(const Diagnostic& diagnostic, const SourceFile& file) {
-  std::string_view line = file.line(diagnostic.place.line);
-  const bool isAtItsEnd = diagnostic.place.column >= line.size();
-  if (!line.empty() && line.back() == '\r' && !isAtItsEnd) line.remove_suffix(1);
-  const Excerpt excerpt = excerptOf(line, diagnostic.place.column);
+  const Excerpt excerpt = excerptOf(file, diagnostic.place);
   std::string text =
       printable(file.name(), Charset::utf8) + ":" + std::to_string(diagnostic.place.line) + ":" +
       std::to_string(diagnostic.place.column) + ": " + nameOf(severityOf(diagnostic.code)) + ": " +

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -139,6 +140,9 @@ class Diagnostics {
   static constexpr std::size_t mostKept = 10'000;
 
   void add(Code code, Place place, std::string text, std::string cure = {});
+
+  /// Adds all that others hold, each at the place that `placeOf` gives for its own.
+  void append(const Diagnostics& others, const std::function<Place(Place place)>& placeOf);
 
   std::size_t size() const { return all_.size(); }
 

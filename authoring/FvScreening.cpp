@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "authoring/Invisible.h"
 #include "text/Utf8.h"
 
 namespace tavrel::authoring {
@@ -17,14 +18,10 @@ bool beginsWith(std::string_view bytes, std::string_view start) {
   return bytes.substr(0, start.size()) == start;
 }
 
-// Of ASCII, or U+0080 to U+009F.
+// But for those that are blanks between numbers, and those that are faults of another kind.
 bool isControl(std::string_view bytes, std::size_t at) {
-  constexpr std::string_view mayStand = "\t\n\v\f\r";
-  const auto byte = static_cast<unsigned char>(bytes[at]);
-  if (byte < ' ') return mayStand.find(bytes[at]) == nowhere;
-  if (byte != 0xC2 || at + 1 == bytes.size()) return byte == 0x7F;
-  const auto next = static_cast<unsigned char>(bytes[at + 1]);
-  return next >= 0x80 && next < 0xA0;
+  constexpr std::string_view others = "\t\v\f\r";
+  return controlAt(bytes.substr(at)) > 0 && others.find(bytes[at]) == nowhere;
 }
 
 // Bytes side by side are one place.

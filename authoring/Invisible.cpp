@@ -32,4 +32,25 @@ std::optional<Invisible> firstInvisible(std::string_view text) {
   return std::nullopt;
 }
 
+std::size_t controlAt(std::string_view text) {
+  if (text.empty()) return 0;
+  const auto first = static_cast<unsigned char>(text[0]);
+  if (first < ' ' || first == 0x7F) return first == '\n' ? 0 : 1;
+  if (first != 0xC2 || text.size() < 2) return 0;
+  const auto second = static_cast<unsigned char>(text[1]);
+  return second >= 0x80 && second < 0xA0 ? 2 : 0;
+}
+
+std::size_t byteOrderMarkAt(std::string_view text) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  return text.substr(0, mark.size()) == mark ? mark.size() : 0;
+}
+
+bool hasControl(std::string_view text) {
+  while (!text.empty() && controlAt(text) == 0 && byteOrderMarkAt(text) == 0) {
+    text.remove_prefix(1);
+  }
+  return !text.empty();
+}
+
 }  // namespace tavrel::authoring

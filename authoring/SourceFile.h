@@ -23,9 +23,6 @@ struct Place {
   }
 };
 
-/// How many characters begin in some bytes of UTF-8.
-std::size_t charactersIn(std::string_view bytes);
-
 /// The bytes of a file, whatever they are. Never changes.
 class SourceFile {
  public:
@@ -41,16 +38,24 @@ class SourceFile {
   /// A line, from 1, without its line feed; empty beyond the last.
   std::string_view line(std::size_t number) const;
 
-  /// The place of a byte. One beyond the end is just behind the last. Cost: its line's length.
+  /// The place of a byte. One beyond the end is just behind the last. Cost: the logarithm of the
+  /// number of lines, however long they are.
   Place placeOf(std::size_t offset) const;
+
+  /// The offset of a character, or that of the line's end where the line is shorter. Cost: as
+  /// that of placeOf(). REQUIRES: 1 <= place.line <= lineCount(), 1 <= place.column.
+  std::size_t offsetOf(Place place) const;
 
   /// The offset of a line's first byte. REQUIRES: 1 <= number <= lineCount().
   std::size_t startOf(std::size_t number) const { return starts_[number - 1]; }
 
  private:
+  std::size_t charactersBefore(std::size_t offset) const;
+
   std::string name_;
   std::string bytes_;
   std::vector<std::size_t> starts_;
+  std::vector<std::size_t> characters_;  // how many begin before each block of bytes
 };
 
 }  // namespace tavrel::authoring

@@ -16,6 +16,7 @@
 #include "authoring/YamlTraps.h"
 #include "authoring/YamlTypes.h"
 #include "text/NearMiss.h"
+#include "text/Utf8.h"
 
 namespace tavrel::authoring {
 namespace {
@@ -40,12 +41,6 @@ const char* nameOf(Kind kind) {
 
 bool isIdCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
-}
-
-// Bytes that no line of a flowchart file may hold, which the escapes of YAML can stand for.
-bool isControl(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return (value < ' ' && byte != '\n') || value == 0x7F;
 }
 
 bool isId(std::string_view text) {
@@ -78,7 +73,7 @@ const char* otherTypeOf(const YamlValue& value) {
 std::string withoutInvisible(std::string word) {
   while (const auto invisible = firstInvisible(word)) {
     std::size_t end = invisible->offset + 1;
-    while (end < word.size() && charactersIn(word.substr(end, 1)) == 0) ++end;
+    while (end < word.size() && isContinuation(word[end])) ++end;
     word.erase(invisible->offset, end - invisible->offset);
   }
   return word;
@@ -365,20 +360,16 @@ class Reader {
                  "between braces a text has to stand in double quotes", quoteIt);
       return false;
     }
-    if (value.style != Style::plain) return hasNoControls(value);
-    const std::string_view line = file_.line(value.place.line);
-    const std::size_t comment = commentBehind(line, 0);
-    if (comment == std::string_view::npos) return isText(entry, "a text", quoteIt);
-    found_.add(Code::mustBeQuoted, file_.placeOf(file_.startOf(value.place.line) + comment),
-               "YAML takes # behind a blank for a comment, and drops what follows",
-               std::string(quoteIt) + ", or put the comment on a line of its own");
-    return false;
+    return value.style == Style::plain ? isText(entry, "a text", quoteIt) : hasNoControls(value);
   }
 
+  // The reader of YAML makes bytes that are no UTF-8 of some escapes.
   bool hasNoControls(const YamlValue& value) {
-    if (std::none_of(value.text.begin(), value.text.end(), isControl)) return true;
+    const bool isUtf8 = firstThatIsNotUtf8(value.text) == std::string_view::npos;
+    if (isUtf8 && !hasControl(value.text)) return true;
     found_.add(Code::controlCharacter, value.place,
-               "an escape in this text stands for a control character", "take it away");
+               "an escape in this text stands for a character that no text may hold",
+               "take it away");
     return false;
   }
 
@@ -505,9 +496,8 @@ class Reader {
   void readLink(BoxNumber number, const YamlEntry& entry) {
     if (!isName(entry)) return;
     const std::string& name = entry.value.text;
-    const bool hasControl =
-        name.find('\n') != std::string::npos || std::any_of(name.begin(), name.end(), isControl);
-    if (name.empty() || hasControl) return sayUnknownChart(entry.value);
+    const bool isOneLine = name.find('\n') == std::string::npos && !hasControl(name);
+    if (name.empty() || !isOneLine) return sayUnknownChart(entry.value);
     at(number).link = SourceLink{entry.value.place, name};
   }
 

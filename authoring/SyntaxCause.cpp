@@ -15,6 +15,7 @@ namespace tavrel::authoring {
 namespace {
 
 constexpr std::size_t nowhere = std::string_view::npos;
+constexpr std::size_t longestKey = 1'000;  // YAML reads little more than that
 
 using Found = std::optional<Cause>;
 
@@ -62,12 +63,14 @@ class LineScan {
     std::string_view key;
     Holds holds = Holds::nothing;  // its value
     std::size_t textLine = 0;      // where a text begins
+    std::size_t remark = nowhere;  // the offset in the file of one that ends the text
   };
 
   Found lookAtLine() {
     line_ = file_.line(number_);
     indent_ = line_.find_first_not_of(' ');
-    if (indent_ == nowhere || line_[indent_] == '#') return std::nullopt;
+    if (indent_ == nowhere) return std::nullopt;
+    if (line_[indent_] == '#') return passRemark();
     const std::string_view start = line_.substr(0, 3);
     if (start == "---" || start == "..." || line_[0] == '%') return std::nullopt;
     const std::size_t colon = colonOf(line_, indent_);
@@ -75,6 +78,16 @@ class LineScan {
     if (colon != nowhere && !isList) return lookAtKey(colon);
     if (goesOn(isList)) return goOn();
     return lookAtRest(isList);
+  }
+
+  // Behind a text and indented as it is: YAML reads no more of the text.
+  Found passRemark() {
+    if (goesOn(false) && levels_.back().holds == Holds::text) endText(indent_);
+    return std::nullopt;
+  }
+
+  void endText(std::size_t remark) {
+    if (levels_.back().remark == nowhere) levels_.back().remark = file_.startOf(number_) + remark;
   }
 
   Cause causeAt(Code code, std::size_t column, std::string text, std::string cure) const {
@@ -88,6 +101,10 @@ class LineScan {
       return invisibleAt(indent_ + invisible->offset, invisible->name);
     }
     const std::string_view key = line_.substr(indent_, colon - indent_);
+    if (key.size() > longestKey) {
+      return causeAt(Code::syntax, indent_, "the word before the colon has more than 1,000 letters",
+                     "shorten it");
+    }
     const bool isEmpty = isNothingOrRemark(line_.substr(colon + 1));
     bool isBack = false;
     for (; !levels_.empty() && levels_.back().indent > indent_; isBack = true) levels_.pop_back();
@@ -180,7 +197,13 @@ class LineScan {
     const bool isBlock = line_[offset] == '|' || line_[offset] == '>';
     level.holds = isBlock ? Holds::block : Holds::text;
     if (isBlock) skipBlock();
+    if (!isBlock) noteRemark(offset);
     return std::nullopt;
+  }
+
+  void noteRemark(std::size_t offset) {
+    const std::size_t remark = commentBehind(line_, offset);
+    if (remark != nowhere) endText(remark);
   }
 
   void skipBlock() {
@@ -200,10 +223,19 @@ class LineScan {
     }
     const std::size_t line = file_.placeOf(closing).line;
     const bool isClean = isNothingOrRemark(restBehind(closing + 1, line));
-    if (!isClean && line > number_) return closedTooLate(file_, opening, closing);
+    if (!isClean && line > number_) return behindQuoted(opening, closing, line);
     if (!isClean) return trapOnLine();
     number_ = line;
     return std::nullopt;
+  }
+
+  // On a later line than the opening quote: the quote that closed it may be that of another text.
+  Cause behindQuoted(std::size_t opening, std::size_t closing, std::size_t line) const {
+    const std::string_view last = file_.line(line);
+    const std::size_t first = last.find_first_not_of(' ');
+    if (!keyAt(last, first).empty()) return closedTooLate(file_, opening, closing);
+    return Cause{Code::mustBeQuoted, file_.bytes().find_first_not_of(' ', closing + 1),
+                 goesOnBehind, quoteAll};
   }
 
   Found lookAtBraces(std::size_t offset) {
@@ -211,9 +243,18 @@ class LineScan {
     if (Found cause = scan.run()) return cause;
     const std::size_t line = file_.placeOf(scan.end()).line;
     const bool isClean = isNothingOrRemark(restBehind(scan.end(), line));
-    if (!isClean && line == number_) return trapOnLine();
+    if (!isClean && line == number_) {
+      if (Found cause = trapOnLine()) return cause;
+    }
+    if (!isClean) return leftOver(scan.end());
     number_ = line;
     return std::nullopt;
+  }
+
+  Cause leftOver(std::size_t end) const {
+    return {Code::syntax, file_.bytes().find_first_not_of(' ', end),
+            "the brace before this closes the last that was open, and this belongs to nothing",
+            "take it away, or write it before that brace"};
   }
 
   std::string_view restBehind(std::size_t offset, std::size_t line) const {
@@ -240,11 +281,24 @@ class LineScan {
 
   Found goOn() {
     Level& level = levels_.back();
+    if (level.remark != nowhere) {
+      return Cause{Code::mustBeQuoted, level.remark,
+                   "YAML takes this for a comment, which ends the text before it", quoteIt};
+    }
     if (level.holds == Holds::nothing) {
+      if (Found cause = lookAtFirst(level)) return cause;
       level.holds = Holds::text;
       level.textLine = number_;
     }
+    noteRemark(indent_);
     return std::nullopt;
+  }
+
+  // A text that begins on the line below its key.
+  Found lookAtFirst(const Level& level) const {
+    const std::optional<Trap> trap = trapInValue(line_, indent_, level.key);
+    if (!trap || !(trap->isCertain || line_[indent_] == '*')) return std::nullopt;
+    return causeAt(trap->code, trap->offset, trap->text, trap->cure);
   }
 
   Found lookAtRest(bool isList) const {

@@ -6,6 +6,7 @@
 #include <yaml-cpp/parser.h>
 
 #include <algorithm>
+#include <functional>
 #include <set>
 #include <sstream>
 #include <string_view>
@@ -18,6 +19,7 @@
 #include "authoring/SourceKeys.h"
 #include "authoring/SourceScreening.h"
 #include "authoring/SyntaxCause.h"
+#include "authoring/TextLoss.h"
 #include "authoring/YamlTraps.h"
 
 namespace tavrel::authoring {
@@ -106,9 +108,14 @@ class Builder : public YAML::EventHandler {
   }
   void OnDocumentEnd() override {}
 
-  void OnNull(const YAML::Mark& mark, YAML::anchor_t) override {
+  void OnNull(const YAML::Mark& mark, YAML::anchor_t anchor) override {
     count(mark);
-    reportNull(mark);
+    const bool isInFlow = !open_.empty() && open_.back().value.isInFlow;
+    if (anchor != YAML::NullAnchor && isInFlow) {
+      reportAnchor(file_.bytes().rfind('&', offsetOf(mark)));
+    } else {
+      reportNull(mark);
+    }
     drop();
   }
 
@@ -163,19 +170,7 @@ class Builder : public YAML::EventHandler {
     return file_.startOf(line) + static_cast<std::size_t>(std::max(mark.column, 0));
   }
 
-  // Marks come in their order, nearly: in a long line the columns are counted on from the last.
-  Place placeOf(const YAML::Mark& mark) {
-    const std::size_t offset = std::min(offsetOf(mark), file_.bytes().size());
-    const bool isBehind = mark.line == lastLine_ && offset >= lastOffset_;
-    if (isBehind) {
-      lastPlace_.column += charactersIn(file_.bytes().substr(lastOffset_, offset - lastOffset_));
-    } else {
-      lastPlace_ = file_.placeOf(offset);
-    }
-    lastLine_ = mark.line;
-    lastOffset_ = offset;
-    return lastPlace_;
-  }
+  Place placeOf(const YAML::Mark& mark) const { return file_.placeOf(offsetOf(mark)); }
 
   char byteAt(const YAML::Mark& mark) const {
     const std::size_t offset = offsetOf(mark);
@@ -190,17 +185,27 @@ class Builder : public YAML::EventHandler {
   }
 
   bool isPlainNode(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor) {
-    if (tag != "?" && tag != "!") {
+    // The reader of YAML gives texts in quotes the tag "!" too.
+    if (tag != "?" && (tag != "!" || byteAt(mark) == '!')) {
       found_.add(Code::tag, placeOf(mark),
-                 "YAML takes " + inShort(tag) + " for a tag, which would be dropped", quoteIt);
+                 "YAML takes " + wordAt(mark) + " for a tag, which would be dropped", quoteIt);
       return false;
     }
-    if (anchor != YAML::NullAnchor) {
-      found_.add(Code::anchor, placeOf(mark),
-                 "YAML takes this for an anchor, which would be dropped", quoteIt);
-      return false;
-    }
-    return true;
+    if (anchor == YAML::NullAnchor) return true;
+    reportAnchor(offsetOf(mark));
+    return false;
+  }
+
+  void reportAnchor(std::size_t offset) {
+    found_.add(Code::anchor, file_.placeOf(offset),
+               "YAML takes this for an anchor, which would be dropped", quoteIt);
+  }
+
+  // What stands there up to the next blank, as far as a message needs it.
+  std::string wordAt(const YAML::Mark& mark) const {
+    constexpr std::size_t longest = 40;
+    const std::string_view rest = file_.bytes().substr(offsetOf(mark), longest);
+    return std::string(rest.substr(0, rest.find_first_of(" \n,{}[]")));
   }
 
   bool isAlias(const YAML::Mark& mark) {
@@ -249,7 +254,7 @@ class Builder : public YAML::EventHandler {
       reportNoBlank(map, colon);
     } else if (map.value.isInFlow && (map.keyStyle != Style::plain || isRestOfText(map))) {
       reportNoKey(map);
-    } else if (const std::optional<Trap> trap = trapIn(file_.line(line))) {
+    } else if (const std::optional<Trap>& trap = trapOn(line)) {
       found_.add(trap->code, file_.placeOf(file_.startOf(line) + trap->offset), trap->text,
                  trap->cure);
     } else if (isIdAstray(map)) {
@@ -258,6 +263,13 @@ class Builder : public YAML::EventHandler {
       found_.add(Code::noValue, map.keyPlace, "there is no value here",
                  "write one, or take the key away");
     }
+  }
+
+  // Many values may be missing on one line.
+  const std::optional<Trap>& trapOn(std::size_t line) {
+    if (line != trapLine_) trap_ = trapIn(file_.line(line));
+    trapLine_ = line;
+    return trap_;
   }
 
   // text:"Pass" is one word to YAML.
@@ -387,7 +399,19 @@ class Builder : public YAML::EventHandler {
     Open& map = open_.back();
     map.hasKey = false;
     if (map.isKeyDropped) return;
+    if (isTextKey(map.key) && losesText(map.keyPlace, value)) {
+      map.value.dropped.push_back(std::move(map.key));
+      return;
+    }
     map.value.entries.push_back({std::move(map.key), map.keyPlace, std::move(value)});
+  }
+
+  // What YAML would lose of a text without saying so.
+  bool losesText(Place key, const YamlValue& text) {
+    if (text.kind != Kind::text || text.isInFlow) return false;
+    const auto loss = lossIn(file_, file_.offsetOf(key), file_.offsetOf(text.place), text.text);
+    if (loss) found_.add(loss->code, file_.placeOf(loss->offset), loss->text, loss->cure);
+    return loss.has_value();
   }
 
   const SourceFile& file_;
@@ -395,9 +419,8 @@ class Builder : public YAML::EventHandler {
   Diagnostics& found_;
   std::optional<YamlValue> document_;
   std::vector<Open> open_;
-  int lastLine_ = -1;  // of the last mark, and its place
-  std::size_t lastOffset_ = 0;
-  Place lastPlace_;
+  std::size_t trapLine_ = 0;  // of which trap_ is that one
+  std::optional<Trap> trap_;
   std::size_t values_ = 0;
   std::size_t documents_ = 0;
 };
@@ -405,11 +428,18 @@ class Builder : public YAML::EventHandler {
 // A backslash in double quotes that begins nothing.
 std::optional<Cause> causeInQuotes(const YAML::ParserException& problem, const SourceFile& file,
                                    std::size_t start) {
-  const std::string_view begin = "unknown escape character: ";
-  if (std::string_view(problem.msg).substr(0, begin.size()) != begin) return std::nullopt;
+  const auto says = [&problem](std::string_view begin) {
+    return std::string_view(problem.msg).substr(0, begin.size()) == begin;
+  };
+  const bool isNoCharacter = says("invalid unicode: ") || says("bad character found");
+  if (!says("unknown escape character: ") && !isNoCharacter) return std::nullopt;
   const auto column = static_cast<std::size_t>(std::max(problem.mark.column, 0));
   const std::size_t at = file.bytes().rfind('\\', start + column);
   if (at == std::string_view::npos) return std::nullopt;
+  if (isNoCharacter) {
+    return Cause{Code::unknownEscape, at, "no character has the number behind this backslash",
+                 "write the character itself; suits are !c !d !h !s"};
+  }
   return Cause{Code::unknownEscape, at, "this backslash means nothing between double quotes",
                "take it away, or write two for one; suits are !c !d !h !s"};
 }
@@ -485,19 +515,21 @@ bool YamlValue::has(const std::string& key) const {
   return find(key) != nullptr || std::find(dropped.begin(), dropped.end(), key) != dropped.end();
 }
 
+namespace {
+
 // An alias that ends the reading is given to yaml-cpp once more, as a word.
-std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {
-  if (!mayBeRead(file, found)) return std::nullopt;
-  std::string bytes(file.bytes());
-  screenDirectives(file, bytes, found);
+std::optional<YamlValue> readScreened(const Screened& screened, Diagnostics& found) {
+  const SourceFile& text = screened.text();
+  std::string bytes(text.bytes());
+  screenDirectives(text, bytes, found);
   const Diagnostics foundBefore = found;
   std::set<std::size_t> aliases;
   while (true) {
-    Builder builder(file, aliases, found);
+    Builder builder(text, aliases, found);
     try {
       parse(bytes, builder);
     } catch (const YAML::ParserException& problem) {
-      const std::optional<std::size_t> alias = aliasIn(problem, file);
+      const std::optional<std::size_t> alias = aliasIn(problem, text);
       if (alias && (aliases.size() + 2) * bytes.size() <= mostRead) {
         bytes[*alias] = '_';
         aliases.insert(*alias);
@@ -505,12 +537,36 @@ std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {
         continue;
       }
       builder.forgetOpenBrackets();
-      builder.breakOff(reportSyntax(problem, file, found));
+      const std::size_t line = reportSyntax(problem, text, found);
+      found.forgetFromLine(screened.doubtfulLine());
+      builder.breakOff(std::min(line, screened.doubtfulLine()));
     } catch (const Unreadable&) {
       builder.breakOff();
     }
     return builder.take();
   }
+}
+
+void movePlaces(YamlValue& value, const std::function<Place(Place place)>& placeOf) {
+  value.place = placeOf(value.place);
+  for (YamlValue& item : value.items) movePlaces(item, placeOf);
+  for (YamlEntry& entry : value.entries) {
+    entry.place = placeOf(entry.place);
+    movePlaces(entry.value, placeOf);
+  }
+}
+
+}  // namespace
+
+std::optional<YamlValue> readYaml(const SourceFile& file, Diagnostics& found) {
+  const std::optional<Screened> screened = screen(file, found);
+  if (!screened) return std::nullopt;
+  const auto placeOf = [&](Place place) { return screened->placeIn(file, place); };
+  Diagnostics read;
+  std::optional<YamlValue> value = readScreened(*screened, read);
+  found.append(read, placeOf);
+  if (value) movePlaces(*value, placeOf);
+  return value;
 }
 
 }  // namespace tavrel::authoring

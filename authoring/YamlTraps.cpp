@@ -5,6 +5,9 @@
 namespace tavrel::authoring {
 
 const char* const quoteIt = "put the text in double quotes";
+const char* const goesOnBehind = "a text in quotes ends where they close, and this one goes on";
+const char* const quoteAll =
+    "put the whole text in double quotes, and write \\\" for a quote within it";
 
 namespace {
 
@@ -16,14 +19,27 @@ struct Entry {
   std::size_t value;  // where it begins; nowhere in a line of another form
 };
 
+// Where the key that begins at an offset ends, with or without quotes.
+std::size_t endOfKey(std::string_view line, std::size_t at) {
+  if (line[at] == '"' || line[at] == '\'') {
+    const std::size_t closing = closingQuote(line, at);
+    return closing == nowhere ? nowhere : closing + 1;
+  }
+  while (at < line.size() && isKeyCharacter(line[at])) ++at;
+  return at;
+}
+
 Entry entryIn(std::string_view line) {
   std::size_t at = line.find_first_not_of(' ');
   while (at != nowhere && line.substr(at, 2) == "- ") at = line.find_first_not_of(' ', at + 1);
-  if (at == nowhere || !isKeyCharacter(line[at])) return {{}, nowhere};
-  const std::size_t start = at;
-  while (at < line.size() && isKeyCharacter(line[at])) ++at;
-  if (line.substr(at, 2) != ": ") return {{}, nowhere};
-  return {line.substr(start, at - start), line.find_first_not_of(' ', at + 1)};
+  if (at == nowhere) return {{}, nowhere};
+  const std::size_t end = endOfKey(line, at);
+  if (end == nowhere || end == at) return {{}, nowhere};
+  const std::size_t colon = line.find_first_not_of(' ', end);
+  if (colon == nowhere || line.substr(colon, 2) != ": ") return {{}, nowhere};
+  std::string_view key = line.substr(at, end - at);
+  if (!isKeyCharacter(key[0])) key = key.substr(1, key.size() - 2);
+  return {key, line.find_first_not_of(' ', colon + 1)};
 }
 
 Trap keptForItself(std::string_view first, std::size_t offset, bool isCertain = true) {
@@ -39,11 +55,11 @@ Trap dropped(std::string_view first, const char* as, std::size_t offset) {
   return trap;
 }
 
-// What stands after the header of a block text, such as "|" or ">-".
+// "|" or ">-", and nothing behind it but a remark.
 bool isBlockHeader(std::string_view value) {
-  const std::size_t end = value.find_first_not_of("|>+-123456789");
-  return end == nowhere || value.substr(end, 2) == " #" ||
-         value.find_first_not_of(' ', end) == nowhere;
+  const std::size_t end = value.find_first_of("+-", 1) == 1 ? 2 : 1;
+  const std::size_t next = value.find_first_not_of(' ', end);
+  return next == nowhere || (value[next] == '#' && next > end);
 }
 
 std::optional<Trap> trapAtStart(std::string_view value, std::size_t offset) {
@@ -63,7 +79,7 @@ std::optional<Trap> trapAtStart(std::string_view value, std::size_t offset) {
       return keptForItself(first, offset, false);
     case '-':
     case '?':
-      if (value.substr(1, 1) != " ") return std::nullopt;
+      if (value.size() > 1 && value[1] != ' ') return std::nullopt;
       return keptForItself(first, offset);
     case '%':
     case '@':
@@ -79,15 +95,24 @@ std::optional<Trap> trapInQuoted(std::string_view value, std::size_t offset) {
   if (end == nowhere) return std::nullopt;  // it may end on a later line
   const std::size_t next = value.find_first_not_of(' ', end + 1);
   if (next == nowhere || (value[next] == '#' && next > end + 1)) return std::nullopt;
-  return Trap{offset + next, "a text in quotes ends where they close, and this one goes on",
-              "put the whole text in double quotes, and write \\\" for a quote within it"};
+  return Trap{offset + next, goesOnBehind, quoteAll};
+}
+
+// Behind the bracket that closes the first, nowhere if none does.
+std::size_t endOfBrackets(std::string_view value) {
+  std::size_t depth = 0;
+  for (std::size_t at = 0; at < value.size(); ++at) {
+    if (value[at] == '[' || value[at] == '{') ++depth;
+    if ((value[at] == ']' || value[at] == '}') && --depth == 0) return at + 1;
+  }
+  return nowhere;
 }
 
 // "[13+] HCP?", which is no list.
 std::optional<Trap> trapInBrackets(std::string_view value, std::size_t offset) {
-  const std::size_t end = value.rfind(value.front() == '{' ? '}' : ']');
+  const std::size_t end = endOfBrackets(value);
   if (end == nowhere) return std::nullopt;
-  const std::size_t next = value.find_first_not_of(' ', end + 1);
+  const std::size_t next = value.find_first_not_of(' ', end);
   if (next == nowhere || value[next] == '#') return std::nullopt;
   return keptForItself(value.substr(0, 1), offset);
 }
@@ -101,15 +126,20 @@ Trap unbracedBox(char first, std::size_t offset) {
   return trap;
 }
 
+Trap colonAt(std::size_t offset, const char* text) {
+  Trap trap{offset, text};
+  trap.isColon = true;
+  return trap;
+}
+
 std::optional<Trap> trapWithin(std::string_view value, std::size_t offset) {
   const std::size_t colon = value.find(": ");
   if (colon != nowhere) {
-    return Trap{offset + colon, "YAML takes a colon with a blank behind it for the end of a key"};
+    return colonAt(offset + colon,
+                   "YAML takes a colon with a blank behind it for the end of a key");
   }
-  if (value.back() == ':') {
-    return Trap{offset + value.size() - 1, "YAML takes a colon at the end for that of a key"};
-  }
-  return std::nullopt;
+  if (value.back() != ':') return std::nullopt;
+  return colonAt(offset + value.size() - 1, "YAML takes a colon at the end for that of a key");
 }
 
 }  // namespace
@@ -122,6 +152,12 @@ bool isKeyCharacter(char c) {
 std::optional<Trap> trapIn(std::string_view line) {
   const auto [key, offset] = entryIn(line);
   if (offset == nowhere) return std::nullopt;
+  std::optional<Trap> trap = trapInValue(line, offset, key);
+  const bool isBox = trap && trap->isColon && (key == "yes" || key == "no");
+  return isBox ? unbracedBox(line[offset], offset) : trap;
+}
+
+std::optional<Trap> trapInValue(std::string_view line, std::size_t offset, std::string_view key) {
   const std::string_view value = line.substr(offset);
   if (value.front() == '"' || value.front() == '\'') return trapInQuoted(value, offset);
   if (value.front() == '{' || value.front() == '[') {
@@ -129,9 +165,7 @@ std::optional<Trap> trapIn(std::string_view line) {
   }
   if (std::optional<Trap> trap = trapAtStart(value, offset)) return trap;
   if (value.front() == '|' || value.front() == '>') return std::nullopt;
-  std::optional<Trap> trap = trapWithin(value, offset);
-  if (trap && (key == "yes" || key == "no")) return unbracedBox(value.front(), offset);
-  return trap;
+  return trapWithin(value, offset);
 }
 
 std::size_t commentBehind(std::string_view line, std::size_t offset) {

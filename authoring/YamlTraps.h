@@ -15,6 +15,10 @@ namespace tavrel::authoring {
 /// The usual cure.
 extern const char* const quoteIt;
 
+/// What is said of a text behind the quote that closes it, and the cure.
+extern const char* const goesOnBehind;
+extern const char* const quoteAll;
+
 /// What is wrong with a value, which wants quotes as a rule.
 struct Trap {
   std::size_t offset;  ///< in the line, in bytes
@@ -22,6 +26,7 @@ struct Trap {
   std::string cure = quoteIt;
   Code code = Code::mustBeQuoted;
   bool isCertain = true;  ///< YAML can't read it; else it is read as something else
+  bool isColon = false;   ///< it is one that YAML takes for the end of a key
 };
 
 /// Whether a key or an id may have the character, or nearly so.
@@ -30,6 +35,9 @@ bool isKeyCharacter(char c);
 /// A trap in a line of the form "key: value", with or without "- " before it; nothing where
 /// there is none. A value that stands in quotes from end to end has none.
 std::optional<Trap> trapIn(std::string_view line);
+
+/// The same for the value of a key that begins at an offset of a line, which holds no more of it.
+std::optional<Trap> trapInValue(std::string_view line, std::size_t offset, std::string_view key);
 
 /// Where in a line the plain text that begins at an offset is followed by what YAML takes for
 /// a comment; npos for none.

@@ -1,4 +1,4 @@
-// Whether bytes are UTF-8.
+// UTF-8, byte by byte.
 
 #ifndef TAVREL_TEXT_UTF8_H
 #define TAVREL_TEXT_UTF8_H
@@ -7,6 +7,12 @@
 #include <string_view>
 
 namespace tavrel {
+
+/// Whether a byte goes on with a character that began before it. Where the bytes are no UTF-8,
+/// that means little.
+inline bool isContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 /// The offset of the first byte that begins no character of well-formed UTF-8: no overlong
 /// forms, no surrogates, nothing beyond U+10FFFF. npos where there is none. Cost: one pass.

@@ -124,6 +124,80 @@ TEST(Slips, OfTextsThatYamlReadsOtherwise) {
       "17:16 T0117 put the whole text in double quotes, and write \\\" for a quote within it");
 }
 
+TEST(Slips, ThatYamlWouldReadAsIfNothingWereWrong) {
+  const std::string quoteIt = "put the text in double quotes";
+  const std::string orComment = quoteIt + ", or put the comment on a line of its own";
+  const std::string orBlanks =
+      quoteIt + ", or write no more blanks before a comment than before the key";
+  EXPECT_EQ(saidWith("Count them.", "Count them,\n      suit #2 too"), "19:12 T0117 " + orComment);
+  EXPECT_EQ(saidWith("Count them.", "Count them,\n      #2 too"), "19:7 T0117 " + orBlanks);
+  EXPECT_EQ(saidWith("Count them.", "\n      #2 too\n      are"), "19:7 T0117 " + orBlanks);
+  EXPECT_EQ(saidWith("Count them.", "Count them,\n\n\n      suit #2"), "21:12 T0117 " + orComment);
+  EXPECT_EQ(saidWith("Count them.", "! Count"), "18:14 T0110 " + quoteIt);
+  EXPECT_EQ(saidWith("12+ HCP?", ">12"), "17:11 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("12+ HCP?", "|2\n      12+"), "17:11 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("Count them.", "Count\n      yes:weak"),
+            "19:10 T0120 write a blank behind it");
+}
+
+TEST(Slips, AreNoneInRemarksThatStandLikeKeys) {
+  EXPECT_EQ(saidWith("Count them.", "Count them.\n    # and no more"), "");
+  EXPECT_EQ(saidWith("Count them.", "Count\n      them.\n\n    # and no more"), "");
+  EXPECT_EQ(saidWith("Count them.", "\n    # and no more\n      Count."), "");
+  EXPECT_EQ(saidWith("Count them.", "\"Count\n      #2\"  # and no more"), "");
+  EXPECT_EQ(saidWith("  medium:", "  medium:  # see page 3"), "");
+}
+
+TEST(Slips, OfTextsThatARemarkEnds) {
+  const std::string quoteIt = "put the text in double quotes";
+  EXPECT_EQ(saidWith("Count them.", "Suit #2\n      counts"), "18:19 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("Count them.", "Suit\n      #2\n      counts"), "19:7 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("Count them.", "Suit\n      is #2\n      counts"), "19:10 T0117 " + quoteIt);
+}
+
+TEST(Slips, OfTextsBelowTheirKeys) {
+  const std::string quoteIt = "put the text in double quotes";
+  const std::string quoteAll =
+      "put the whole text in double quotes, and write \\\" for a quote within it";
+  EXPECT_EQ(saidWith("Count them.", "\n      *all of them"), "19:7 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("Count them.", "\n      @all of them"), "19:7 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("Count them.", "\n      \"All\" of them"), "19:13 T0117 " + quoteAll);
+  EXPECT_EQ(saidWith("Count them.", "\"All\n      of\" them"), "19:11 T0117 " + quoteAll);
+}
+
+TEST(Slips, OfSignsThatBeginATextInBraces) {
+  const std::string quoteIt = "put the text in double quotes";
+  for (const char* text : {"> 12", "@c", "% of", "|x", "- x", "? x", "`x"}) {
+    EXPECT_EQ(saidWith("\"Balanced.\"}", std::string(text) + "}"), "19:38 T0118 " + quoteIt)
+        << text;
+  }
+  EXPECT_EQ(saidWith("\"Balanced.\"}", "*x}"), "19:38 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("\"Open 1NT\"", "#1 suit"), "19:17 T0117 " + quoteIt);
+}
+
+TEST(Slips, OfWhatStandsBehindTheLastBrace) {
+  const std::string cure = "take it away, or write it before that brace";
+  EXPECT_EQ(saidWith("\"Balanced.\"}", "\"Balanced.\"}}"), "19:50 T0109 " + cure);
+  EXPECT_EQ(saidWith("\"Balanced.\"}", "\"Balanced.\"} always"), "19:51 T0109 " + cure);
+}
+
+TEST(Slips, OfEscapesThatStandForNoCharacter) {
+  const std::string cure = "write the character itself; suits are !c !d !h !s";
+  EXPECT_EQ(saidWith("Balanced.", "\\ud800"), "19:39 T0126 " + cure);
+  EXPECT_EQ(saidWith("Balanced.", "a \\U00110000"), "19:41 T0126 " + cure);
+}
+
+TEST(Slips, OfWordsThatAreTooLongForAKey) {
+  EXPECT_EQ(saidWith("  medium:", "  " + std::string(2000, 'm') + ":"), "16:3 T0109 shorten it");
+}
+
+TEST(Slips, OfKeysInQuotesAndWithBlanksBehindThem) {
+  const std::string quoteIt = "put the text in double quotes";
+  EXPECT_EQ(saidWith("comment: Count them.", "\"comment\": Count: them."),
+            "18:21 T0117 " + quoteIt);
+  EXPECT_EQ(saidWith("comment: Count them.", "comment : Count: them."), "18:20 T0117 " + quoteIt);
+}
+
 TEST(Slips, OfInvisibleCharacters) {
   const std::string cure = " T0125 take it away, and write a blank if one is wanted";
   EXPECT_EQ(saidWith("    no: weak", "   \u00A0no: weak"), "20:4" + cure);

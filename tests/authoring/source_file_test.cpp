@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace tavrel::authoring {
 namespace {
 
@@ -28,6 +30,30 @@ TEST(SourceFile, CountsCharacters) {
   const SourceFile file("a", "é♣x");
   EXPECT_EQ(file.placeOf(2), (Place{1, 2}));
   EXPECT_EQ(file.placeOf(5), (Place{1, 3}));
+}
+
+TEST(SourceFile, FindsCharactersByTheirPlaces) {
+  const SourceFile file("a", "é♣x\nyz");
+  EXPECT_EQ(file.offsetOf({1, 1}), 0U);
+  EXPECT_EQ(file.offsetOf({1, 2}), 2U);
+  EXPECT_EQ(file.offsetOf({1, 3}), 5U);
+  EXPECT_EQ(file.offsetOf({1, 99}), 6U);
+  EXPECT_EQ(file.offsetOf({2, 2}), 8U);
+  EXPECT_EQ(file.offsetOf({2, 99}), 9U);
+}
+
+TEST(SourceFile, KnowsPlacesAndOffsetsOfLongLinesToo) {
+  std::string text;
+  for (int i = 0; i < 3000; ++i) text += i % 7 == 0 ? "\n" : i % 3 == 0 ? "♣" : "x";
+  const SourceFile file("a", text);
+  Place expected;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if ((static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) continue;
+    ASSERT_EQ(file.placeOf(at), expected) << at;
+    ASSERT_EQ(file.offsetOf(expected), at);
+    expected =
+        text[at] == '\n' ? Place{expected.line + 1, 1} : Place{expected.line, expected.column + 1};
+  }
 }
 
 TEST(SourceFile, GivesLinesWithoutTheirEnds) {

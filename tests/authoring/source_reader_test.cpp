@@ -300,7 +300,8 @@ TEST(SourceReader, DropsNoPartOfATextForAComment) {
 
 // No text of a flowchart file may hold them.
 TEST(SourceReader, TakesNoControlCharactersFromEscapes) {
-  for (const char* escape : {"\\r", "\\t", "\\0", "\\e", "\\x7f"}) {
+  for (const char* escape :
+       {"\\r", "\\t", "\\0", "\\e", "\\x7f", "\\N", "\\_", "\\x9b", "\\ufeff"}) {
     const std::string text = std::string("\"Pass") + escape + "\"\n";
     EXPECT_EQ(found(withBox("    text: " + text)), Found{"5:11 T0104"}) << text;
     EXPECT_EQ(found(withBox("    text: Pass\n    comment: " + text)), Found{"6:14 T0104"}) << text;

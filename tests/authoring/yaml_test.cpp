@@ -83,6 +83,7 @@ TEST(Yaml, RefusesTagsAnchorsAliasesAndMergeKeys) {
   EXPECT_EQ(found("a: !c foo\n"), Found{"1:4 T0110"});
   EXPECT_EQ(found("a: !!map {b: c}\n"), Found{"1:4 T0110"});
   EXPECT_EQ(found("a: &x y\nb: z\n"), Found{"1:4 T0111"});
+  EXPECT_EQ(found("{a: &x, b: c}\n"), Found{"1:5 T0111"});
   EXPECT_EQ(found("a: &x {b: c}\nb: *x\n"), (Found{"1:4 T0111", "2:4 T0112"}));
   EXPECT_EQ(found("<<: {a: b}\nc: d\n"), Found{"1:1 T0113"});
   EXPECT_EQ(read("\"<<\": a\n"), "{<<=a}");
@@ -112,6 +113,21 @@ TEST(Yaml, RefusesDirectives) {
             (Found{"3:1 T0127", "4:1 T0127", "5:1 T0127"}));
   EXPECT_EQ(found("%FOO\na: b\n"), Found{"1:1 T0127"});
   EXPECT_EQ(read("---\na: |\n  x\n  %YAML 1.2\n"), "{a=x\n%YAML 1.2\n}");
+}
+
+TEST(Yaml, RefusesTheTagThatIsABareExclamationMark) {
+  EXPECT_EQ(found("a: ! foo\n"), Found{"1:4 T0110"});
+  EXPECT_EQ(found("a: ! \"foo\"\n"), Found{"1:4 T0110"});
+  EXPECT_EQ(found("a: ! {b: c}\n"), Found{"1:4 T0110"});
+  EXPECT_EQ(found("a: !\n"), Found{"1:4 T0110"});
+  EXPECT_EQ(read("a: \"! foo\"\nb: foo!\n"), "{a=! foo, b=foo!}");
+}
+
+TEST(Yaml, NamesATagAsItIsWritten) {
+  Diagnostics found;
+  readYaml(SourceFile("a.yaml", "a: !!str b\n"), found);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_NE(found.sorted()[0].text.find(" !!str "), std::string::npos);
 }
 
 TEST(Yaml, RefusesThemForTheWholeForKeysAndInLists) {
@@ -196,9 +212,81 @@ TEST(Yaml, RefusesBytesThatAreNoText) {
   EXPECT_EQ(found("a:\tb\n"), Found{"1:3 T0105"});
 }
 
+TEST(Yaml, NamesEachByteThatIsNoText) {
+  EXPECT_EQ(found("a:\tb\nc: d\x01 e\x02\nf: g\th\n"),
+            (Found{"1:3 T0105", "2:5 T0104", "2:8 T0104", "3:5 T0105"}));
+  EXPECT_EQ(found("a: \xE9t\xE9\n"), (Found{"1:4 T0102", "1:6 T0102"}));
+  EXPECT_EQ(found("a: b\rc\nd: e\r\rf\n"), (Found{"1:5 T0104", "2:5 T0104"}));
+  EXPECT_EQ(found("a: \u0080b\u009Fc\u00A0\n"), (Found{"1:4 T0104", "1:6 T0104"}));
+  EXPECT_EQ(found("a: b\uFEFFc\n\uFEFFd: e\n"), (Found{"1:5 T0103", "2:1 T0103"}));
+}
+
+TEST(Yaml, CountsThoseInARowAsOne) {
+  EXPECT_EQ(found("a: b\t\t\t\nc: d\x01\x02\n"), (Found{"1:5 T0105", "2:5 T0104"}));
+}
+
+TEST(Yaml, NamesAHundredOfAKindAndCountsTheRest) {
+  std::string text;
+  for (int i = 0; i < 150; ++i) text += "a" + std::to_string(i) + ":\tb\n";
+  Diagnostics found;
+  readYaml(SourceFile("a.yaml", text), found);
+  EXPECT_EQ(found.size(), 100U);
+  EXPECT_EQ(found.sorted().back().text, "a tab stands here, and in 50 more places behind this one");
+}
+
+TEST(Yaml, GoesOnBehindBytesThatAreNoText) {
+  EXPECT_EQ(found("\uFEFFa: b\nc: ~\n"), (Found{"1:1 T0103", "2:1 T0114"}));
+  EXPECT_EQ(found("a\x01: b\na: c\n"), (Found{"1:2 T0104", "2:1 T0116"}));
+  EXPECT_EQ(found("a: \xFF\nc: !x d\n"), (Found{"1:4 T0102", "2:4 T0110"}));
+  EXPECT_EQ(found("a: b\tc\td\ne: ~\n"), (Found{"1:5 T0105", "1:7 T0105", "2:1 T0114"}));
+  EXPECT_EQ(found("a: b\t# c\nd: ~\n"), (Found{"1:5 T0105", "2:1 T0114"}));
+}
+
+TEST(Yaml, CountsColumnsAsTheyStandInTheFile) {
+  EXPECT_EQ(found("\uFEFFa: !x b\n"), (Found{"1:1 T0103", "1:5 T0110"}));
+  EXPECT_EQ(found("{a\x01\x02: b, c: !x d, \x03 e: !x f}\n"),
+            (Found{"1:3 T0104", "1:13 T0110", "1:19 T0104", "1:24 T0110"}));
+  EXPECT_EQ(found("a:\n\tb: !x c\n"), (Found{"2:1 T0105", "2:5 T0110"}));
+  EXPECT_EQ(found("{a\xA7\xA7\xA7: !x b}\n"), (Found{"1:3 T0102", "1:5 T0110"}));
+}
+
+TEST(Yaml, ReadsLinesThatTabsIndent) {
+  EXPECT_EQ(found("boxes:\n\ta:\n\t\tyes:\n\t\t\ttext: b\n\t\tno: !x c\n\td:\n\t\ttext: !x e\n"),
+            (Found{"2:1 T0105", "3:1 T0105", "4:1 T0105", "5:1 T0105", "5:7 T0110", "6:1 T0105",
+                   "7:1 T0105", "7:9 T0110"}));
+}
+
+TEST(Yaml, GuessesHowLinesAreIndentedAmongOthers) {
+  const std::string before = "boxes:\n  a:\n    text: b\n";
+  EXPECT_EQ(found(before + "\tno: !x c\n  d: ~\n"), (Found{"4:1 T0105", "4:6 T0110", "5:3 T0114"}));
+  EXPECT_EQ(found(before + "\td:\n    text: !x c\n"), (Found{"4:1 T0105", "5:11 T0110"}));
+  EXPECT_EQ(found("boxes:\n  a:\n  \ttext: b\n    no: !x c\n"), (Found{"3:3 T0105", "4:9 T0110"}));
+  EXPECT_EQ(found("\ta: b\nc: !x d\n"), (Found{"1:1 T0105", "2:4 T0110"}));
+  EXPECT_EQ(found("boxes:\n  a:\n    text: b\n\t\tgoes on\n    no: !x c\n"),
+            (Found{"4:1 T0105", "5:9 T0110"}));
+}
+
+TEST(Yaml, SaysNothingOfASyntaxThatATabMayHaveSpoilt) {
+  EXPECT_EQ(found("a: !x b\nc:\n    d: e\n\t}\n"), (Found{"1:4 T0110", "4:1 T0105"}));
+  EXPECT_EQ(found("a: !x b\nc: \"d\"\re: f\n"), (Found{"1:4 T0110", "2:7 T0104"}));
+}
+
+TEST(Yaml, TellsFilesInOtherEncodings) {
+  EXPECT_EQ(found(std::string("a\0:\0 \0b\0", 8)), Found{"1:1 T0102"});
+  EXPECT_EQ(found(std::string("\0a\0:\0 \0b", 8)), Found{"1:1 T0102"});
+  EXPECT_EQ(found("a: b\rc: d\re: f\r"), Found{"1:5 T0104"});
+}
+
 TEST(Yaml, RefusesBracketsWithoutEnd) {
   EXPECT_EQ(found("a: " + std::string(500'000, '{')), Found{"1:24 T0106"});
   EXPECT_EQ(found("a: " + std::string(500'000, '[')), Found{"1:24 T0106"});
+}
+
+TEST(Yaml, CountsValuesBeforeItReadsThem) {
+  EXPECT_EQ(found("[" + std::string(1'000'000, ',')), Found{"1:100001 T0108"});
+  std::string text = "a: [";
+  for (int i = 0; i < 300'000; ++i) text += "{},";
+  EXPECT_EQ(found(text), Found{"1:150004 T0108"});
 }
 
 TEST(Yaml, CountsBracketsThatAreOpenAlone) {

@@ -56,10 +56,12 @@ TEST(YamlTraps, AreTheSignsThatYamlKeepsForItself) {
 }
 
 TEST(YamlTraps, TellBlocksFromTextsThatBeginLikeThem) {
-  for (const char* header : {"|", ">", "|-", ">+", "|2", ">-  ", "| # a comment"}) {
+  for (const char* header : {"|", ">", "|-", ">+", ">-  ", "| # a comment", "|- # one"}) {
     EXPECT_EQ(trapAt(std::string("text: ") + header), -1) << header;
   }
-  EXPECT_EQ(trapAt("text: >5 cards"), 6);
+  for (const char* text : {">5 cards", "> 5 cards", ">12", ">1", "|2", ">=12", ">- 12", "|#"}) {
+    EXPECT_EQ(trapAt(std::string("text: ") + text), 6) << text;
+  }
   EXPECT_EQ(trapAt("text: |x"), 6);
 }
 
