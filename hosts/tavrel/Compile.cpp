@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <system_error>
 #include <thread>
 
@@ -69,14 +70,32 @@ int compileAll(const CompileArguments& arguments) {
   return status;
 }
 
+// Of two sources with one name, the second would write over what came of the first.
+void refuseSameDestination(const CompileArguments& arguments) {
+  std::map<fs::path, std::string> sources;  // by destination
+  for (const std::string& source : arguments.sources) {
+    const fs::path destination = destinationOf(source, arguments.output).path.lexically_normal();
+    const auto [other, isNew] = sources.emplace(destination, source);
+    if (isNew || other->second == source) continue;
+    throw Failure("'" + other->second + "' and '" + source + "' would both become '" +
+                  destination.string() + "'; compile them one by one");
+  }
+}
+
+void checkStandardInput(const CompileArguments& arguments) {
+  if (arguments.watches) throw Failure("standard input can't be watched");
+  if (arguments.output && isFolder(*arguments.output)) {
+    throw Failure("standard input has no name; write a file behind -o");
+  }
+}
+
 void checkUsage(const CompileArguments& arguments) {
-  if (arguments.output && arguments.sources.size() > 1 && !isFolder(*arguments.output)) {
+  const std::vector<std::string>& sources = arguments.sources;
+  if (arguments.output && sources.size() > 1 && !isFolder(*arguments.output)) {
     throw Failure("several sources need a folder that exists behind -o");
   }
-  if (!arguments.watches) return;
-  for (const std::string& source : arguments.sources) {
-    if (source == "-") throw Failure("standard input can't be watched");
-  }
+  if (std::count(sources.begin(), sources.end(), "-") > 0) checkStandardInput(arguments);
+  refuseSameDestination(arguments);
 }
 
 [[noreturn]] void watch(const CompileArguments& arguments) {
