@@ -7,6 +7,7 @@
 
 #include "authoring/FvScreening.h"
 #include "authoring/NumberLine.h"
+#include "authoring/Places.h"
 #include "text/Text.h"
 
 namespace tavrel::authoring {

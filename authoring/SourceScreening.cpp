@@ -9,6 +9,7 @@
 
 #include "authoring/FlowScan.h"
 #include "authoring/Invisible.h"
+#include "authoring/Places.h"
 #include "authoring/TabIndents.h"
 #include "text/Utf8.h"
 
@@ -42,34 +43,6 @@ constexpr std::array<Words, 6> wordsOfKinds = {{
     {Code::tab, "a tab stands here", "write blanks instead"},
 }};
 
-// The places of one kind: those in a row count as one, and of very many the first are named.
-class Places {
- public:
-  void add(std::size_t begin, std::size_t end) {
-    constexpr std::size_t mostNamed = 100;
-    const bool goesOn = count_ > 0 && begin == end_;
-    end_ = end;
-    if (goesOn) return;
-    if (++count_ <= mostNamed) named_.push_back(begin);
-  }
-
-  void report(const Words& words, const SourceFile& file, Diagnostics& found) const {
-    const std::size_t unnamed = count_ - named_.size();
-    for (const std::size_t offset : named_) {
-      std::string text = words.text;
-      if (unnamed > 0 && offset == named_.back()) {
-        text += ", and in " + std::to_string(unnamed) + " more places behind this one";
-      }
-      found.add(words.code, file.placeOf(offset), std::move(text), words.cure);
-    }
-  }
-
- private:
-  std::vector<std::size_t> named_;
-  std::size_t count_ = 0;
-  std::size_t end_ = 0;  // of the last
-};
-
 class Screening {
  public:
   explicit Screening(const SourceFile& file) : file_(file), bytes_(file.bytes()) {}
@@ -79,7 +52,8 @@ class Screening {
     nextBad_ = firstThatIsNotUtf8(bytes_);
     for (std::size_t line = 1; line <= file_.lineCount(); ++line) takeLine(line);
     for (std::size_t kind = 0; kind < places_.size(); ++kind) {
-      places_[kind].report(wordsOfKinds[kind], file_, found);
+      const Words& words = wordsOfKinds[kind];
+      places_[kind].say(file_, words.code, words.text, words.cure, found);
     }
     return {SourceFile(file_.name(), std::move(text_)), std::move(shifts_), doubtfulLine_};
   }
@@ -102,7 +76,7 @@ class Screening {
     const std::size_t blanks = indents_.blanksOf(indent, whole.substr(content));
     if (indent.find('\t') == nowhere) return;
     for (std::size_t at = 0; at < content; ++at) {
-      if (indent[at] == '\t') places(Kind::tab).add(at_ + at, at_ + at + 1);
+      if (indent[at] == '\t') places(Kind::tab).add(at_ + at);
     }
     doubtfulLine_ = std::min(doubtfulLine_, line);
     text_.append(blanks, ' ');
@@ -140,7 +114,7 @@ class Screening {
   Places& places(Kind kind) { return places_[static_cast<std::size_t>(kind)]; }
 
   void replace(Kind kind, char by) {
-    places(kind).add(at_, at_ + 1);
+    places(kind).add(at_);
     text_ += by;
     ++at_;
     if (kind != Kind::notUtf8) return;
@@ -150,7 +124,7 @@ class Screening {
   }
 
   void drop(Kind kind, std::size_t size) {
-    places(kind).add(at_, at_ + size);
+    places(kind).add(at_, size);
     at_ += size;
     shift();
   }
@@ -174,13 +148,6 @@ class Screening {
   TabIndents indents_;
   std::size_t doubtfulLine_ = noLine;
 };
-
-bool isUtf16(std::string_view bytes) {
-  const std::string_view start = bytes.substr(0, 2);
-  if (start == "\xFF\xFE" || start == "\xFE\xFF") return true;
-  if (bytes.size() < 4) return false;
-  return (bytes[0] == '\0' && bytes[2] == '\0') || (bytes[1] == '\0' && bytes[3] == '\0');
-}
 
 // As the first editors of the Macintosh wrote them.
 bool hasOtherLineEnds(std::string_view bytes) {

@@ -22,4 +22,11 @@ std::size_t firstThatIsNotUtf8(std::string_view bytes) {
   return std::string_view::npos;
 }
 
+bool isUtf16(std::string_view bytes) {
+  const std::string_view start = bytes.substr(0, 2);
+  if (start == "\xFF\xFE" || start == "\xFE\xFF") return true;
+  if (bytes.size() < 4) return false;
+  return (bytes[0] == '\0' && bytes[2] == '\0') || (bytes[1] == '\0' && bytes[3] == '\0');
+}
+
 }  // namespace tavrel

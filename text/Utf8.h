@@ -1,4 +1,4 @@
-// UTF-8, byte by byte.
+// UTF-8, byte by byte, and what is taken for it.
 
 #ifndef TAVREL_TEXT_UTF8_H
 #define TAVREL_TEXT_UTF8_H
@@ -17,6 +17,10 @@ inline bool isContinuation(char byte) {
 /// The offset of the first byte that begins no character of well-formed UTF-8: no overlong
 /// forms, no surrogates, nothing beyond U+10FFFF. npos where there is none. Cost: one pass.
 std::size_t firstThatIsNotUtf8(std::string_view bytes);
+
+/// Whether bytes are a file in UTF-16, by the byte order mark at its start or, without one, by the
+/// zero bytes of its first two characters.
+bool isUtf16(std::string_view bytes);
 
 }  // namespace tavrel
 

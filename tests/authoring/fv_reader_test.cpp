@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "authoring/FvReader.h"
@@ -154,6 +155,8 @@ TEST(FvReader, FindsByteOrderMarksWhereverTheyStand) {
 }
 
 TEST(FvReader, KnowsUtf16) {
+  EXPECT_EQ(saidOfFv(std::string("O\0p\0", 4)), (Said{"1:1 T0401"}));
+  EXPECT_EQ(saidOfFv(std::string("\0O\0p", 4)), (Said{"1:1 T0401"}));
   EXPECT_EQ(saidOfFv(std::string("\xFF\xFEO\0p\0", 6)), (Said{"1:1 T0401"}));
   EXPECT_EQ(saidOfFv(std::string("\xFE\xFF\0O\0p", 6)), (Said{"1:1 T0401"}));
 }
@@ -172,17 +175,27 @@ TEST(FvReader, SaysOfCarriageReturnsAtAllLineEndsOnce) {
   EXPECT_EQ(saidOfFv(windows), (Said{"1:8 T0402"}));
   windows.insert(windows.find("When"), "\r");
   const Said said = saidOfFv(windows);
-  EXPECT_EQ(said.size(), 10U);
+  EXPECT_EQ(said.size(), 27U);
   EXPECT_EQ(said[3], "4:1 T0402");
 }
 
-TEST(FvReader, NamesTenPlacesAndCountsTheOthers) {
-  const SourceFile file("Opening.fv", changed("When", std::string(12, '\x01')));
-  Diagnostics found;
-  readFv(file, found);
-  ASSERT_EQ(found.size(), 10U);
-  EXPECT_EQ(found.sorted()[8].text, "a control character stands here");
-  EXPECT_EQ(found.sorted()[9].text, "a control character stands here, and in 2 more places");
+TEST(FvReader, NamesAHundredPlacesAndCountsTheOthers) {
+  for (const auto& [more, ending] :
+       {std::pair(1, ", and in 1 more place"), std::pair(2, ", and in 2 more places")}) {
+    std::string controls;
+    for (int i = 0; i < 100 + more; ++i) controls += "\x01 ";
+    const SourceFile file("Opening.fv", changed("When", controls));
+    Diagnostics found;
+    readFv(file, found);
+    ASSERT_EQ(found.size(), 100U);
+    EXPECT_EQ(found.sorted()[98].text, "a control character stands here");
+    EXPECT_EQ(found.sorted()[99].text, std::string("a control character stands here") + ending);
+  }
+}
+
+TEST(FvReader, CountsBytesSideBySideAsOne) {
+  EXPECT_EQ(saidOfFv(changed("When", "\x01\x01 \u0085\u0085")), (Said{"4:1 T0403", "4:4 T0403"}));
+  EXPECT_EQ(saidOfFv(changed("When", "\r\r \t\t")), (Said{"4:1 T0402", "4:4 T0403"}));
 }
 
 TEST(FvReader, ReadsTheTextsWhereTheCellsCantBeRead) {
