@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "authoring/FvScreening.h"
+#include "authoring/InShort.h"
 #include "authoring/NumberLine.h"
 #include "authoring/Places.h"
-#include "text/Text.h"
 
 namespace tavrel::authoring {
 namespace {
@@ -19,18 +19,8 @@ constexpr const char* countBefore = "write it, or mend the count of the lines be
 // Tabs and other blanks may part numbers; in texts they have no business.
 bool isBlankControl(char byte) { return byte == '\t' || byte == '\v' || byte == '\f'; }
 
-// A piece of the file in a message, short and fit to be printed.
-std::string quoted(std::string_view text) {
-  constexpr std::size_t most = 40;
-  const std::string piece = printable(text.substr(0, 4 * most), Charset::utf8);
-  std::string shown;
-  std::size_t count = 0;
-  for (const Glyph& glyph : glyphs(piece)) {
-    if (count++ == most) return "'" + shown + "...'";
-    shown += glyph.bytes;
-  }
-  return "'" + shown + "'";
-}
+// A piece of the file in a message.
+std::string quoted(std::string_view text) { return "'" + inShort(text) + "'"; }
 
 // How many of the first words of a text are integers.
 std::size_t integersIn(std::string_view text) {

@@ -1,4 +1,4 @@
-// Words of a source as messages show them.
+// Words of a source or a file as messages show them.
 
 #ifndef TAVREL_AUTHORING_INSHORT_H
 #define TAVREL_AUTHORING_INSHORT_H

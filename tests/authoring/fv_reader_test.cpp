@@ -213,7 +213,7 @@ TEST(FvReader, QuotesNoMoreThanFortyCharacters) {
   readFv(file, found);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found.sorted()[0].text,
-            "'" + std::string(40, 'x') + "...' stands behind the last cell, and is never read");
+            "'" + std::string(40, 'x') + "…' stands behind the last cell, and is never read");
 }
 
 TEST(FvReader, KnowsThatAFileWithoutNodesHasNone) {
