@@ -117,9 +117,17 @@ std::optional<Trap> trapInBrackets(std::string_view value, std::size_t offset) {
   return keptForItself(value.substr(0, 1), offset);
 }
 
-// A box on the line of the answer that leads to it.
-Trap unbracedBox(char first, std::size_t offset) {
-  Trap trap{offset, "a box on the line of its answer has to stand between braces",
+// Whether a value is meant for a box, going by its key and what stands before its colon.
+bool isUnbracedBox(std::string_view key, std::string_view word) {
+  if (key == "yes" || key == "no") return true;
+  return !isBoxKey(key) && !isChartKey(key) && isBoxKey(word);
+}
+
+// A box on the line of its id, or of the answer that leads to it.
+Trap unbracedBox(std::string_view key, char first, std::size_t offset) {
+  Trap trap{offset,
+            std::string("a box on the line of its ") + (isBoxKey(key) ? "answer" : "id") +
+                " has to stand between braces",
             "write it as {text: \"…\", comment: \"…\"}"};
   if (first == '(') trap.text = "a box stands between braces, and not in parentheses";
   trap.code = Code::syntax;
@@ -153,8 +161,9 @@ std::optional<Trap> trapIn(std::string_view line) {
   const auto [key, offset] = entryIn(line);
   if (offset == nowhere) return std::nullopt;
   std::optional<Trap> trap = trapInValue(line, offset, key);
-  const bool isBox = trap && trap->isColon && (key == "yes" || key == "no");
-  return isBox ? unbracedBox(line[offset], offset) : trap;
+  const bool isBox =
+      trap && trap->isColon && isUnbracedBox(key, line.substr(offset, trap->offset - offset));
+  return isBox ? unbracedBox(key, line[offset], offset) : trap;
 }
 
 std::optional<Trap> trapInValue(std::string_view line, std::size_t offset, std::string_view key) {

@@ -181,6 +181,14 @@ TEST(Slips, OfWhatStandsBehindTheLastBrace) {
   EXPECT_EQ(saidWith("\"Balanced.\"}", "\"Balanced.\"} always"), "19:51 T0109 " + cure);
 }
 
+TEST(Slips, OfABoxOnTheLineOfItsId) {
+  const std::string braces = "write it as {text: \"…\", comment: \"…\"}";
+  EXPECT_EQ(saidWith("weak:\n    text: Pass", "weak: text: Pass"), "22:9 T0109 " + braces);
+  EXPECT_EQ(saidWith("no: medium", "no: text: Pass"), "14:9 T0109 " + braces);
+  EXPECT_EQ(saidWith("comment: Count them.", "coment: Count: them."),
+            "18:18 T0117 put the text in double quotes");
+}
+
 TEST(Slips, OfEscapesThatStandForNoCharacter) {
   const std::string cure = "write the character itself; suits are !c !d !h !s";
   EXPECT_EQ(saidWith("Balanced.", "\\ud800"), "19:39 T0126 " + cure);
