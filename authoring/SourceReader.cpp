@@ -446,7 +446,7 @@ class Reader {
     };
     if (id == nullptr)
       keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
-    const std::size_t errorsBefore = found_.count(Severity::error);
+    const std::size_t errorsBefore = errorsOutsideInlineBoxes();
     const std::vector<std::string> meant = readEntries(map, keys, "a box");
     noteLosses(map);
     const bool isMeant = std::find(meant.begin(), meant.end(), "text") != meant.end();
@@ -454,7 +454,7 @@ class Reader {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
     }
-    const bool isSound = found_.count(Severity::error) == errorsBefore && map.dropped.empty() &&
+    const bool isSound = errorsOutsideInlineBoxes() == errorsBefore && map.dropped.empty() &&
                          map.doubled.empty() && !map.isCutShort;
     if (!isSound) at(number).hasSureTexts = at(number).hasSureExits = false;
     return number;
@@ -501,11 +501,23 @@ class Reader {
     at(number).link = SourceLink{entry.value.place, name};
   }
 
+  BoxNumber readInlineBox(const YamlValue& map) {
+    const std::size_t ownErrors = errorsOutsideInlineBoxes();
+    const BoxNumber number = readBox(map, map.place);
+    errorsInInlineBoxes_ = found_.count(Severity::error) - ownErrors;
+    return number;
+  }
+
+  // What is wrong in a box makes the one that it stands in no worse.
+  std::size_t errorsOutsideInlineBoxes() const {
+    return found_.count(Severity::error) - errorsInInlineBoxes_;
+  }
+
   // Boxes within boxes are nested no deeper than the values of a file may be.
   void readExit(BoxNumber number, Answer answer, const YamlEntry& entry) {
     at(number).exitPlaces[answer] = entry.value.place;
     if (entry.value.kind == Kind::map) {
-      const BoxNumber next = readBox(entry.value, entry.value.place);
+      const BoxNumber next = readInlineBox(entry.value);
       at(number).exits[answer] = next;
     } else if (isText(entry, "the id of a box, or a box",
                       "write the id alone, or the box between braces")) {
@@ -571,6 +583,7 @@ class Reader {
   std::unordered_set<std::string> lostIds_;  // of boxes that were left out, or have bad ids
   std::vector<std::string> badIds_;          // some of them
   std::vector<Reference> references_;
+  std::size_t errorsInInlineBoxes_ = 0;  // of those that have been read to their ends
 };
 
 }  // namespace

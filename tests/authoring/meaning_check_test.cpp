@@ -47,6 +47,12 @@ TEST(MeaningCheck, SaysOfSoundBoxesWhatItSaysWithoutErrors) {
             (Said{"1:1 T0609", "1:8 T0208"}));
 }
 
+TEST(MeaningCheck, LooksAtABoxRoundOneWithAnError) {
+  const std::string inner = "{text: \"Is it?\", comment: \"8-9.\", yes: {text: \"2C\", link: x}}";
+  EXPECT_EQ(saidOfBoxes("  b0: {text: \"Five?\", comment: \"15-17.\", yes: " + inner + "}\n"),
+            (Said{"5:3 T0601", "5:33 T0614", "5:47 T0601", "5:74 T0614", "5:99 T0202"}));
+}
+
 // Whether something is missing, or leads somewhere, nobody knows where it can't be read.
 TEST(MeaningCheck, SaysNothingThatAnErrorMayHaveCaused) {
   for (const char* intro : {"intro: &k When.\n", "intro: [When]\n", "Intro: When.\n", "intro:\n"}) {
