@@ -29,13 +29,13 @@ bool isChart(const fs::path& path) {
   return path.extension() == ".yaml" || path.extension() == ".fv";
 }
 
-// Sorted, so that a run says the same everywhere.
+// Sorted, so that a run says the same everywhere. A pipe of such a name would be waited for.
 std::vector<fs::path> chartsIn(const fs::path& folder) {
   std::error_code failed;
   std::vector<fs::path> charts;
   for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
        entry.increment(failed)) {
-    if (isChart(entry->path()) && !isFolder(entry->path())) charts.push_back(entry->path());
+    if (isChart(entry->path()) && isFileOrNothing(entry->path())) charts.push_back(entry->path());
   }
   if (failed) throw Failure("cannot read '" + folder.string() + "': " + failed.message());
   std::sort(charts.begin(), charts.end());
@@ -114,8 +114,9 @@ class Findings {
     if (isNew) {
       std::error_code unlisted;
       const fs::directory_iterator probe(folder, unlisted);
-      if (!unlisted) names->second = namesIn(folder);
-      if (!unlisted) names->second->insert(inLibrary_.begin(), inLibrary_.end());
+      if (unlisted) return nullptr;
+      names->second = namesIn(folder);
+      names->second->insert(inLibrary_.begin(), inLibrary_.end());
     }
     return names->second ? &*names->second : nullptr;
   }

@@ -48,6 +48,12 @@ bool isFolder(const std::filesystem::path& path) {
   return std::filesystem::is_directory(path, unseen);
 }
 
+bool isFileOrNothing(const std::filesystem::path& path) {
+  std::error_code unseen;
+  const std::filesystem::file_status status = std::filesystem::status(path, unseen);
+  return !std::filesystem::exists(status) || std::filesystem::is_regular_file(status);
+}
+
 std::filesystem::file_time_type lastChange(const std::filesystem::path& path) {
   std::error_code missing;
   return std::filesystem::last_write_time(path, missing);

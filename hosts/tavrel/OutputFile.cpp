@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/InputFile.h"
 
 namespace tavrel {
 namespace {
@@ -27,14 +28,7 @@ void write(const fs::path& place, std::string_view bytes, const fs::path& name) 
   if (file.fail()) fail(name, std::strerror(errno));
 }
 
-// What is no file, such as a device or a pipe, stays what it is. A link goes on leading where it
-// leads.
-bool isReplaceable(const fs::path& path) {
-  std::error_code ignored;
-  const fs::file_status status = fs::status(path, ignored);
-  return !fs::exists(status) || fs::is_regular_file(status);
-}
-
+// A link goes on leading where it leads.
 fs::path behindLinks(const fs::path& path) {
   std::error_code failed;
   const fs::path target = fs::canonical(path, failed);
@@ -71,10 +65,10 @@ void writeOutput(const fs::path& path, std::string_view bytes) {
   }
   const fs::path target = behindLinks(path);
   refuseSource(target);
-  if (isReplaceable(path)) {
+  if (isFileOrNothing(path)) {
     replace(target, bytes);
   } else {
-    write(path, bytes, path);
+    write(path, bytes, path);  // a device or a pipe stays what it is
   }
 }
 

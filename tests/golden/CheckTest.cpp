@@ -1,6 +1,7 @@
 // What `tavrel check` says of files and folders that transcripts can't bring along.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -56,6 +57,18 @@ TEST(Check, GoesOnBehindAFolderWithoutCharts) {
   EXPECT_EQ(said.output.find("Opening.fv:1:1: error"), 0U) << said.output;
   EXPECT_EQ(said.errors, "tavrel: there is no *.yaml and no *.fv in 'empty'\n");
   EXPECT_EQ(said.status, 2);
+}
+
+// Nobody may ever write into the pipe.
+TEST(Check, PassesOverWhatIsNoFileInAFolder) {
+  const TemporaryDirectory here;
+  ASSERT_EQ(mkfifo((here.path() / "Pipe.yaml").c_str(), 0600), 0);
+  fs::create_directory(here.path() / "Folder.yaml");
+  writeFile(here.path() / "Opening.fv", "");
+  const Said said = check(here.path(), ".");
+  EXPECT_EQ(said.output.find("./Opening.fv:1:1: error"), 0U) << said.output;
+  EXPECT_EQ(said.errors, "");
+  EXPECT_EQ(said.status, 1);
 }
 
 // A line feed, a control character, and a byte that is not UTF-8.
