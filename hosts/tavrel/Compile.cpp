@@ -78,7 +78,8 @@ void refuseSameDestination(const CompileArguments& arguments) {
     const auto [other, isNew] = sources.emplace(destination, source);
     if (isNew || other->second == source) continue;
     throw Failure("'" + other->second + "' and '" + source + "' would both become '" +
-                  destination.string() + "'; compile them one by one");
+                  destination.string() +
+                  "'; compile one of them alone, with another name behind -o");
   }
 }
 
