@@ -89,6 +89,30 @@ TEST(Slips, OfIndentation) {
   EXPECT_EQ(saidWith("      in tricks", "    in tricks"), "12:5 T0122 write blanks before it");
 }
 
+TEST(Slips, OfKeysThatAreIndentedLikeTheTextBeforeThem) {
+  const std::string cure = " T0122 give it as many blanks as ";
+  EXPECT_EQ(saidWith("    yes: {text: \"Open 2", "      yes: {text: \"Open 2"),
+            "13:7" + cure + "comment");
+  EXPECT_EQ(saidWith("start: ", "  start: "), "4:3" + cure + "intro");
+  EXPECT_EQ(saidWith("comment: Count them.\n", "comment: |\n      Count.\n      no: weak\n"), "");
+  EXPECT_EQ(saidWith("comment: Count them.\n    yes", "comment: |\n      Count.\n      yes"),
+            "20:7" + cure + "comment");
+  EXPECT_EQ(
+      saidWith("text: 12+ HCP?\n    comment: Count", "text: |\n      12+?\n      comment: Count"),
+      "19:7" + cure + "text");
+  EXPECT_EQ(saidWith("text: Pass", "comment: |\n      Weak.\n      text: Pass"),
+            "25:7" + cure + "comment");
+  EXPECT_EQ(saidWith("text: Pass", "text: Pass\n    comment: |\n      Weak.\n      chart: RespNT"),
+            "26:7" + cure + "comment");
+}
+
+TEST(Slips, AreNoneInCommentsThatHaveAWordBeforeAColon) {
+  EXPECT_EQ(
+      saidWith("text: Pass", "text: Pass\n    comment: |\n      yes: two aces\n      no: none"),
+      "");
+  EXPECT_EQ(saidWith("      Or nearly", "      yes: strong\n      Or nearly"), "");
+}
+
 TEST(Slips, OfQuotes) {
   const std::string cure = " T0119 close it at the end of the text";
   EXPECT_EQ(saidWith("Forcing.\"}", "Forcing.}"), "13:38" + cure);
