@@ -18,7 +18,6 @@ constexpr std::size_t leastStepsInAll = 2'000'000;  // of all searches together
 constexpr std::size_t mostStepsPerBox = 500;        // the same
 constexpr int roundsOfFew = 20;                     // before copies are of all that follows
 constexpr int roundsOfMany = 5;
-constexpr int mostRounds = 30;
 
 TooManyCells tooManyCells(const Unfolding& tree, std::size_t boxes) {
   std::vector<std::size_t> times(boxes, 0);
@@ -71,7 +70,7 @@ class Rounds {
     if (round < (isSmall ? roundsOfFew : roundsOfMany)) {
       return tree.repeat(std::move(missing), mostCells_);
     }
-    return tree.repeatWhole(round < mostRounds ? missing : forwardLines(tree), mostCells_);
+    return tree.repeatWhole(missing, mostCells_);
   }
 
   // A line back that had no way although it came before all others.
@@ -90,14 +89,6 @@ class Rounds {
       if (line.isLoop) plan_.first.insert(tree.exitOf(line));
     }
     return plan_.first.size() > before;
-  }
-
-  static std::vector<LineStart> forwardLines(const Unfolding& tree) {
-    std::vector<LineStart> lines = tree.lines();
-    lines.erase(std::remove_if(lines.begin(), lines.end(),
-                               [](const LineStart& line) { return line.isLoop; }),
-                lines.end());
-    return lines;
   }
 
   std::size_t mostCells_;

@@ -175,7 +175,7 @@ class Search {
   BoxNumber askedBefore(BoxNumber box) {
     const QuestionNumber question = questions_[at(box)];
     BoxNumber from = box;
-    while (from != noBox && stepsBack_ < mostStepsBack) {
+    while (stepsBack_ < mostStepsBack) {
       const BoxNumber asked = askedIn(parts_.of(from), question, box);
       if (asked != noBox) return asked;
       from = boxBefore(parts_.of(from), question - first_);
@@ -193,15 +193,15 @@ class Search {
     return noBox;
   }
 
-  // A box outside a part that leads into it, and comes behind the question.
+  // A box outside a part that leads into it, and comes behind the question. There is one: that is
+  // how the part came to know of the question.
   BoxNumber boxBefore(std::uint32_t part, std::size_t question) {
-    for (auto box = parts_.begin(part); box != parts_.end(part); ++box) {
+    for (auto box = parts_.begin(part);; ++box) {
       for (auto each = before_.begin(*box); each != before_.end(*box); ++each) {
         ++stepsBack_;
         if (parts_.of(*each) != part && asked_[parts_.of(*each)][question]) return *each;
       }
     }
-    return noBox;
   }
 
   const ReadChart& chart_;

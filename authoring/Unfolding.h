@@ -35,10 +35,6 @@ struct LineStart {
   NodeNumber node;
   Answer answer;
   bool isLoop;  ///< the line leads back to a box that its own hangs from
-
-  friend bool operator<(const LineStart& a, const LineStart& b) {
-    return a.node != b.node ? a.node < b.node : a.answer < b.answer;
-  }
 };
 
 /// The exit that each box hangs from.

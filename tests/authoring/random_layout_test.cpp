@@ -93,6 +93,29 @@ TEST(RandomLayout, OfAnySizeHoldsTogether) {
   }
 }
 
+// Each box leads to the next, and to one anywhere behind it: so many lines have no way that at
+// last whole parts are copied.
+ChartGraph tangledGraph(std::size_t boxes, std::uint32_t seed) {
+  std::mt19937 random(seed);
+  ChartGraph graph;
+  graph.boxes.resize(boxes);
+  for (std::size_t box = 0; box + 1 < boxes; ++box) {
+    const std::size_t further = random() % (boxes - box - 1);
+    graph.boxes[box].exits = {static_cast<BoxNumber>(box + 1 + further),
+                              static_cast<BoxNumber>(box + 1)};
+  }
+  return graph;
+}
+
+TEST(RandomLayout, OfATangleHoldsTogether) {
+  for (const std::uint32_t seed : {35U, 37U, 41U}) {
+    const ChartGraph graph = tangledGraph(24, seed);
+    const GridChart chart = std::get<Layout>(layOut(graph)).chart;
+    ASSERT_EQ(GridCheck(chart, graph).fault(), "") << "seed " << seed;
+    EXPECT_LE(chart.boxes.size(), 1000U) << "seed " << seed;
+  }
+}
+
 // By whichever compiler and library.
 TEST(RandomLayout, IsTheSameEverywhere) {
   const GridChart chart = std::get<Layout>(layOut(randomGraph(1'000, 10, false, 7))).chart;

@@ -108,5 +108,29 @@ TEST(RepeatedQuestions, AreNoneWithoutQuestionsOrBoxes) {
   EXPECT_TRUE(repeatedQuestions(chart, {0}, 1).empty());
 }
 
+// A column of boxes of which the first asks a question, and the lower half asks it again, each in a
+// box beside it.
+TEST(RepeatedQuestions, AreAllFoundThoughNotEveryFirstOneIsNamed) {
+  constexpr BoxNumber height = 6000;
+  Asked asked;
+  asked.count = 1;
+  asked.chart.boxes.resize(height + height / 2);
+  asked.questions.assign(asked.size(), noQuestion);
+  asked.questions[0] = 0;
+  for (BoxNumber box = 0; box + 1 < height; ++box) {
+    asked.chart.boxes[static_cast<std::size_t>(box)].exits.no = box + 1;
+  }
+  for (BoxNumber box = height / 2; box < height; ++box) {
+    const BoxNumber beside = height / 2 + box;
+    asked.chart.boxes[static_cast<std::size_t>(box)].exits.yes = beside;
+    asked.questions[static_cast<std::size_t>(beside)] = 0;
+  }
+  const auto found = repeatedQuestions(asked.chart, asked.questions, asked.count);
+  ASSERT_EQ(found.size(), static_cast<std::size_t>(height / 2));
+  std::set<BoxNumber> firstOnes;
+  for (const RepeatedQuestion& each : found) firstOnes.insert(each.asked);
+  EXPECT_EQ(firstOnes, (std::set<BoxNumber>{noBox, 0})) << "it takes too many steps back";
+}
+
 }  // namespace
 }  // namespace tavrel::authoring

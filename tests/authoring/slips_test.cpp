@@ -277,5 +277,40 @@ TEST(Slips, ThatLoseABoxAreNotSaidToBeMissingIds) {
   EXPECT_EQ(saidWith("\n  weak:", "boxes:\n  weak:"), "21:1 T0116 keep one of the two");
 }
 
+TEST(Slips, BehindARemarkBetweenBraces) {
+  EXPECT_EQ(saidWith("yes: {text: \"Open 2!c\", comment",
+                     "yes: {text: \"Open 2!c\",  # forcing\n      comment: \"x\" chart"),
+            "14:20 T0123 write a comma between the two");
+}
+
+TEST(Slips, OfAnApostropheThatClosesNothing) {
+  EXPECT_EQ(
+      saidWith("yes: {text: \"Open 2!c\", comment: \"Forcing.\"}\n    no: medium",
+               "yes: {text: 'Open 2, comment: \"Forcing.\"}\n    no: medium # partner's"),
+      "13:17 T0119 close it at the end of the text; one that belongs to it wants double quotes "
+      "around the text");
+}
+
+TEST(Slips, OfWordsBehindABrace) {
+  EXPECT_EQ(saidWith("comment: \"Forcing.\"}", "yes: {text: \"Pass\"} forcing}"),
+            "13:49 T0123 write one before this");
+}
+
+TEST(Slips, OfAQuoteThatIsOpenAtTheEndOfTheDocument) {
+  EXPECT_EQ(saidWith("text: Pass\n", "text: \"Pass\n---\n"),
+            "23:11 T0119 close it at the end of the text");
+}
+
+TEST(Slips, BehindATextInQuotes) {
+  EXPECT_EQ(saidWith("text: 12+ HCP?\n    comment:", "text: \"12+ HCP?\"\n    comment"),
+            "18:12 T0121 write comment:");
+  EXPECT_EQ(saidWith("text: 12+ HCP?\n    comment:", "text: \"12+\n      HCP?\"\n    comment"),
+            "19:12 T0121 write comment:");
+}
+
+TEST(Slips, OfABracketThatIsNeverClosed) {
+  EXPECT_EQ(saidWith("12+ HCP?", "[12+ HCP?"), "17:11 T0124 write ] behind what belongs to it");
+}
+
 }  // namespace
 }  // namespace tavrel::authoring
