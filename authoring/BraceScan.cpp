@@ -137,9 +137,8 @@ std::optional<Cause> BraceScan::plain() {
   return std::nullopt;
 }
 
-Cause BraceScan::unquoted(std::size_t begin) {
-  return {Code::unquotedInBraces, begin, "between braces a text has to stand in double quotes",
-          quoteIt};
+Cause BraceScan::unquoted(std::size_t begin) const {
+  return {Code::unquotedInBraces, begin, wantsDoubleQuotes, quoteCureFor(bytes_.substr(begin))};
 }
 
 // Two things without a comma between them.

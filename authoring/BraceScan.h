@@ -39,7 +39,7 @@ class BraceScan {
   void separate();
   void skipRemark();
   Cause droppedText() const;
-  static Cause unquoted(std::size_t begin);
+  Cause unquoted(std::size_t begin) const;
   std::optional<Cause> unseparated() const;
   std::optional<Cause> lateQuote() const;
   Cause notClosed() const;

@@ -232,6 +232,7 @@ class Reader {
                               [&](std::string_view key) { return map.has(std::string(key)); }),
                keys.end());
     std::vector<Swallowed> all;
+    if (keys.empty()) return all;
     for (const YamlEntry& entry : map.entries) {
       if (entry.value.kind == Kind::text && entry.value.style == Style::block) {
         addSwallowed(entry, keys, all);
@@ -424,8 +425,7 @@ class Reader {
     if (!is(Kind::text, entry, "a text", quoteIt)) return false;
     const YamlValue& value = entry.value;
     if (value.isInFlow && value.style != Style::doubleQuoted) {
-      found_.add(Code::unquotedInBraces, value.place,
-                 "between braces a text has to stand in double quotes", quoteIt);
+      found_.add(Code::unquotedInBraces, value.place, wantsDoubleQuotes, quoteCureFor(value.text));
       return false;
     }
     return value.style == Style::plain ? isText(entry, "a text", quoteIt) : hasNoControls(value);

@@ -344,11 +344,10 @@ class LineScan {
       return causeAt(Code::missingColon, indent_ + word.size(), "a colon is missing behind " + word,
                      "write " + word + ":");
     }
-    const auto above = std::find_if(levels_.rbegin(), levels_.rend(),
-                                    [this](const Level& each) { return each.indent <= indent_; });
-    if (above == levels_.rend() || !isTextKey(above->key)) return std::nullopt;
+    const bool isSign = line_[indent_] == '}' || line_[indent_] == ']';
+    if (isSign || levels_.empty() || !isTextKey(levels_.back().key)) return std::nullopt;
     return causeAt(Code::indentation, indent_,
-                   "the line has to be indented deeper than " + std::string(above->key) +
+                   "the line has to be indented deeper than " + std::string(levels_.back().key) +
                        ", if it belongs to it",
                    "write blanks before it");
   }

@@ -5,6 +5,7 @@
 namespace tavrel::authoring {
 
 const char* const quoteIt = "put the text in double quotes";
+const char* const wantsDoubleQuotes = "between braces a text has to stand in double quotes";
 const char* const goesOnBehind = "a text in quotes ends where they close, and this one goes on";
 const char* const quoteAll =
     "put the whole text in double quotes, and write \\\" for a quote within it";
@@ -62,14 +63,21 @@ bool isBlockHeader(std::string_view value) {
   return next == nowhere || (value[next] == '#' && next > end);
 }
 
+// "| A good suit" is most likely meant as a block, and ">12" as a text.
+Trap takenForABlock(std::string_view value, std::size_t offset) {
+  Trap trap{offset,
+            "YAML takes a text that begins with " + std::string(1, value[0]) + " for a block"};
+  if (value.substr(1, 1) == " ") trap.cure = "begin the text on the next line";
+  return trap;
+}
+
 std::optional<Trap> trapAtStart(std::string_view value, std::size_t offset) {
   const std::string_view first = value.substr(0, 1);
   switch (value.front()) {
     case '|':
     case '>':
       if (isBlockHeader(value)) return std::nullopt;
-      return Trap{offset,
-                  "YAML takes a text that begins with " + std::string(first) + " for a block"};
+      return takenForABlock(value, offset);
     case '!':
       return dropped(first, "a tag", offset);
     case '#':
@@ -117,9 +125,11 @@ std::optional<Trap> trapInBrackets(std::string_view value, std::size_t offset) {
   return keptForItself(value.substr(0, 1), offset);
 }
 
+bool isAnswer(std::string_view key) { return key == "yes" || key == "no"; }
+
 // Whether a value is meant for a box, going by its key and what stands before its colon.
 bool isUnbracedBox(std::string_view key, std::string_view word) {
-  if (key == "yes" || key == "no") return true;
+  if (isAnswer(key)) return true;
   return !isBoxKey(key) && !isChartKey(key) && isBoxKey(word);
 }
 
@@ -130,6 +140,23 @@ Trap unbracedBox(std::string_view key, char first, std::size_t offset) {
                 " has to stand between braces",
             "write it as {text: \"…\", comment: \"…\"}"};
   if (first == '(') trap.text = "a box stands between braces, and not in parentheses";
+  trap.code = Code::syntax;
+  return trap;
+}
+
+// The key before the first colon of a value, if it isn't the first word there.
+std::string_view laterKey(std::string_view value) {
+  const std::size_t colon = value.find(": ");
+  const std::size_t blank = value.substr(0, colon).rfind(' ');
+  return blank == nowhere ? std::string_view() : value.substr(blank + 1, colon - blank - 1);
+}
+
+// "yes: strength no: pass".
+Trap twoOnALine(std::string_view line, std::string_view later) {
+  const auto offset = static_cast<std::size_t>(later.data() - line.data());
+  const std::string key(later);
+  Trap trap{offset, key + " stands behind another answer",
+            "write " + key + ": on a line of its own"};
   trap.code = Code::syntax;
   return trap;
 }
@@ -161,9 +188,11 @@ std::optional<Trap> trapIn(std::string_view line) {
   const auto [key, offset] = entryIn(line);
   if (offset == nowhere) return std::nullopt;
   std::optional<Trap> trap = trapInValue(line, offset, key);
-  const bool isBox =
-      trap && trap->isColon && isUnbracedBox(key, line.substr(offset, trap->offset - offset));
-  return isBox ? unbracedBox(key, line[offset], offset) : trap;
+  if (!trap || !trap->isColon) return trap;
+  const std::string_view later = isAnswer(key) ? laterKey(line.substr(offset)) : "";
+  if (isAnswer(later)) return twoOnALine(line, later);
+  const std::string_view word = line.substr(offset, trap->offset - offset);
+  return isUnbracedBox(key, word) ? unbracedBox(key, line[offset], offset) : trap;
 }
 
 std::optional<Trap> trapInValue(std::string_view line, std::size_t offset, std::string_view key) {
@@ -175,6 +204,15 @@ std::optional<Trap> trapInValue(std::string_view line, std::size_t offset, std::
   if (std::optional<Trap> trap = trapAtStart(value, offset)) return trap;
   if (value.front() == '|' || value.front() == '>') return std::nullopt;
   return trapWithin(value, offset);
+}
+
+std::string quoteCureFor(std::string_view text) {
+  for (const std::string_view sign : {"“", "”", "„", "«", "»", "‘", "’", "‚"}) {
+    if (text.substr(0, sign.size()) == sign) {
+      return "write \" before it and behind it: " + std::string(sign) + " is another sign";
+    }
+  }
+  return quoteIt;
 }
 
 std::size_t commentBehind(std::string_view line, std::size_t offset) {

@@ -15,6 +15,13 @@ namespace tavrel::authoring {
 /// The usual cure.
 extern const char* const quoteIt;
 
+/// What is said of a text between braces that has no double quotes.
+extern const char* const wantsDoubleQuotes;
+
+/// The cure for such a text, which may begin with a quote that is none to YAML: “, or another that
+/// editors of letters write.
+std::string quoteCureFor(std::string_view text);
+
 /// What is said of a text behind the quote that closes it, and the cure.
 extern const char* const goesOnBehind;
 extern const char* const quoteAll;

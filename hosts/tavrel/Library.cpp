@@ -47,6 +47,16 @@ std::string suggestionFor(const std::string& wanted, const std::vector<Catalogue
   return found ? "; did you mean '" + found->name + "' (" + found->title + ")?" : ";";
 }
 
+// Of a file in the place of a name, that what it is called keeps it from being read.
+std::string cureFor(const std::string& wanted, const std::vector<CatalogueEntry>& entries,
+                    const fs::path& file) {
+  std::error_code ignored;
+  if (!fs::is_regular_file(file, ignored)) {
+    return suggestionFor(wanted, entries) + " 'tavrel list' shows them all";
+  }
+  return "; if the file of that name is a source, rename it so that it ends in .yaml";
+}
+
 }  // namespace
 
 std::vector<std::string> catalogueNames() {
@@ -80,7 +90,7 @@ const CatalogueEntry& Library::find(std::string_view nameOrTitle) const {
       });
   if (found != entries_.end()) return *found;
   throw Failure("there is no flowchart '" + std::string(nameOrTitle) + "'" +
-                suggestionFor(wanted, entries_) + " 'tavrel list' shows them all");
+                cureFor(wanted, entries_, nameOrTitle));
 }
 
 fs::path Library::fileOf(const CatalogueEntry& entry) const {

@@ -87,6 +87,8 @@ TEST(Slips, OfIndentation) {
             "16:5 T0122 indent an id like the other ids, and its box deeper");
   EXPECT_EQ(saidWith("      Or nearly", "    Or nearly"), "11:5 T0122 write blanks before it");
   EXPECT_EQ(saidWith("      in tricks", "    in tricks"), "12:5 T0122 write blanks before it");
+  EXPECT_EQ(saidWith("      in tricks", "   in tricks"), "12:4 T0122 write blanks before it");
+  EXPECT_EQ(saidWith("      Or nearly", "Or nearly"), "11:1 T0122 write blanks before it");
 }
 
 TEST(Slips, OfKeysThatAreIndentedLikeTheTextBeforeThem) {
@@ -123,6 +125,27 @@ TEST(Slips, OfQuotes) {
             "19:43 T0117 write \\\" for a quote within a text");
   EXPECT_EQ(saidWith("Open 2!c", "Open 2\\c"),
             "13:24 T0126 take it away, or write two for one; suits are !c !d !h !s");
+}
+
+TEST(Slips, OfQuotesThatEditorsOfLettersWrite) {
+  const std::string cure = " T0118 write \" before it and behind it: ", other = " is another sign";
+  EXPECT_EQ(saidWith("\"Open 2!c\"", "“Open 2!c”"), "13:17" + cure + "“" + other);
+  EXPECT_EQ(saidWith("\"Open 2!c\"", "„Open 2!c“"), "13:17" + cure + "„" + other);
+  EXPECT_EQ(saidWith("\"Open 2!c\"", "“Open: 2!c”"), "13:17" + cure + "“" + other);
+  EXPECT_EQ(saidWith("\"Open 2!c\"", "Open “2!c”"), "13:17 T0118 put the text in double quotes");
+}
+
+TEST(Slips, OfTwoAnswersOnALine) {
+  const std::string cure = " T0109 write no: on a line of its own";
+  EXPECT_EQ(saidWith("no: weak", "yes: strong no: weak"), "20:17" + cure);
+  EXPECT_EQ(saidWith("    yes: {text: \"Open 1NT\", comment: \"Balanced.\"}\n    no: weak",
+                     "    yes: strong, no: weak"),
+            "19:18" + cure);
+}
+
+TEST(Slips, OfATextBehindTheSignOfABlock) {
+  EXPECT_EQ(saidWith("comment: |\n      Or", "comment: | Or"),
+            "10:14 T0117 begin the text on the next line");
 }
 
 TEST(Slips, OfCommasAndBraces) {
