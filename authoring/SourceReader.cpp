@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "authoring/BoxLines.h"
-#include "authoring/BraceScan.h"
 #include "authoring/InShort.h"
 #include "authoring/Invisible.h"
 #include "authoring/SourceKeys.h"
+#include "authoring/SwallowedKeys.h"
 #include "authoring/Yaml.h"
 #include "authoring/YamlTraps.h"
 #include "authoring/YamlTypes.h"
@@ -216,65 +216,19 @@ class Reader {
 
   // --- keys that are indented like a text -----------------------------------------
 
-  // A key on a line of a text block, which may be meant for the map of the block.
-  struct Swallowed {
-    std::string_view key;
-    std::string_view value;
-    Place place;
-    std::string block;  // the key of the block
-  };
-
-  // Those of some keys that a map lacks and its text blocks have: the first of each in a block.
-  // Cost: one pass over the blocks.
-  std::vector<Swallowed> swallowedKeys(const YamlValue& map,
-                                       std::vector<std::string_view> keys) const {
-    keys.erase(std::remove_if(keys.begin(), keys.end(),
-                              [&](std::string_view key) { return map.has(std::string(key)); }),
-               keys.end());
-    std::vector<Swallowed> all;
-    if (keys.empty()) return all;
-    for (const YamlEntry& entry : map.entries) {
-      if (entry.value.kind == Kind::text && entry.value.style == Style::block) {
-        addSwallowed(entry, keys, all);
-      }
-    }
-    return all;
-  }
-
-  void addSwallowed(const YamlEntry& entry, std::vector<std::string_view> keys,
-                    std::vector<Swallowed>& all) const {
-    for (std::size_t number = entry.value.place.line + 1; number <= file_.lineCount(); ++number) {
-      const std::string_view line = file_.line(number);
-      const std::size_t indent = line.find_first_not_of(' ');
-      if (indent == std::string_view::npos) continue;
-      if (indent < entry.place.column) return;
-      const std::string_view key = keyAt(line, indent);
-      const auto wanted = std::find(keys.begin(), keys.end(), key);
-      if (wanted == keys.end()) continue;
-      keys.erase(wanted);
-      const std::size_t value = line.find_first_not_of(' ', indent + key.size() + 1);
-      all.push_back({key,
-                     value == std::string_view::npos ? "" : line.substr(value),
-                     {number, indent + 1},
-                     entry.key});
-    }
-  }
-
-  void saySwallowed(const Swallowed& it) {
+  void saySwallowed(const SwallowedKey& it) {
     found_.add(Code::indentation, it.place,
                std::string(it.key) + " is indented like the text of " + it.block +
                    ", and is taken for a part of it",
                "give it as many blanks as " + it.block);
-    if (isBrace(it.value)) hasAllBoxes_ = false;
+    if (it.isBraced()) hasAllBoxes_ = false;
   }
 
-  static bool isBrace(std::string_view value) { return value.substr(0, 1) == "{"; }
-
   // In a comment such a line may as well be a sentence.
-  bool isMeantAsKey(const Swallowed& it) const {
+  bool isMeantAsKey(const SwallowedKey& it) const {
     if (it.key == "chart") return isInCatalogue(std::string(it.value));
     if (it.key != "yes" && it.key != "no") return true;
-    return isBrace(it.value) || numbers_.count(std::string(it.value)) > 0;
+    return it.isBraced() || numbers_.count(std::string(it.value)) > 0;
   }
 
   // --- the chart ----------------------------------------------------------------
@@ -311,7 +265,7 @@ class Reader {
     for (const char* key : {"chart", "start", "boxes"}) {
       const bool isMeant = std::find(meant.begin(), meant.end(), key) != meant.end();
       if (document.has(key) || isMeant || isAmongBoxes(key)) continue;
-      const std::vector<Swallowed> swallowed = swallowedKeys(document, {key});
+      const std::vector<SwallowedKey> swallowed = swallowedKeys(file_, document, {key});
       if (!swallowed.empty()) {
         saySwallowed(swallowed.front());
         continue;
@@ -519,7 +473,7 @@ class Reader {
     noteLosses(map);
     noteSwallowed(number, map);
     const bool isMeant = std::find(meant.begin(), meant.end(), "text") != meant.end() ||
-                         !swallowedKeys(map, {"text"}).empty();
+                         !swallowedKeys(file_, map, {"text"}).empty();
     if (!map.has("text") && !isMeant && !map.isCutShort) {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
@@ -598,7 +552,7 @@ class Reader {
   }
 
   void noteSwallowed(BoxNumber number, const YamlValue& map) {
-    for (Swallowed& it : swallowedKeys(map, {"text", "comment", "yes", "no", "chart"})) {
+    for (SwallowedKey& it : swallowedKeys(file_, map, {"text", "comment", "yes", "no", "chart"})) {
       swallowed_.emplace_back(number, std::move(it));
     }
   }
@@ -665,7 +619,7 @@ class Reader {
   std::vector<std::string> badIds_;          // some of them
   std::vector<Reference> references_;
   std::size_t errorsInInlineBoxes_ = 0;  // of those that have been read to their ends
-  std::vector<std::pair<BoxNumber, Swallowed>> swallowed_;
+  std::vector<std::pair<BoxNumber, SwallowedKey>> swallowed_;
 };
 
 }  // namespace
