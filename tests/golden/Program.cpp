@@ -58,6 +58,9 @@ void become(const CommandLine& command, const std::string& directory) {
   std::vector<std::string> arguments = command.arguments;
   arguments.insert(arguments.begin(), "tavrel");
   std::vector<std::string> environment = command.environment;
+  if (const char* options = std::getenv("LSAN_OPTIONS")) {
+    environment.push_back(std::string("LSAN_OPTIONS=") + options);
+  }
   if (chdir(directory.c_str()) != 0) _exit(notStarted);
   execve(TAVREL_PROGRAM, pointersTo(arguments).data(), pointersTo(environment).data());
   _exit(notStarted);

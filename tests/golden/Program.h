@@ -20,7 +20,7 @@ struct CommandLine {
 
 /// Takes a line's words apart. Throws NotationError unless `tavrel` stands behind
 /// the variables. The locale is C.UTF-8 and TERM is xterm-256color unless a variable
-/// says otherwise; nothing else is in the environment.
+/// says otherwise; nothing else is in the environment, but for the leak sanitizer's options.
 CommandLine parseCommandLine(const std::vector<Word>& words);
 
 /// Becomes the command, in the directory. For a new process only: on failure it
