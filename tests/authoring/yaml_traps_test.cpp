@@ -26,6 +26,7 @@ TEST(YamlTraps, AreNoneInAnHonestText) {
   EXPECT_EQ(trapAt("text: 2:1 or x:y"), -1);
   EXPECT_EQ(trapAt("text: {a: b}"), -1);
   EXPECT_EQ(trapAt("text: [a: b]"), -1);
+  EXPECT_EQ(trapAt("text: [a, b"), -1);  // it may end on a later line
 }
 
 TEST(YamlTraps, AreLookedForBehindAKeyAlone) {
