@@ -208,7 +208,10 @@ class Reader {
   bool saysInvisible(const std::string& word, Place place) {
     const auto invisible = firstInvisible(word);
     if (!invisible) return false;
-    found_.add(Code::invisibleCharacter, {place.line, place.column + invisible->offset},
+    // The word may have begun on a line before, or an escape may stand for the character.
+    const std::size_t begin = file_.offsetOf(place);
+    const auto written = firstInvisible(file_.bytes().substr(begin, word.size() + 1));
+    found_.add(Code::invisibleCharacter, written ? file_.placeOf(begin + written->offset) : place,
                std::string(invisible->name) + " stands here",
                "take it away, and write a blank if one is wanted");
     return true;

@@ -220,10 +220,11 @@ const std::optional<Trap>& YamlBuilder::trapOn(std::size_t line) {
   return trap_;
 }
 
-// text:"Pass" is one word to YAML.
+// text:"Pass" is one word to YAML, which may even have begun on a line before.
 void YamlBuilder::reportNoBlank(Open& map, std::size_t colon) {
   std::string key = map.key.substr(0, colon);
-  found_.add(Code::colonWithoutBlank, {map.keyPlace.line, map.keyPlace.column + colon},
+  const std::size_t offset = file_.bytes().find(':', file_.offsetOf(map.keyPlace));
+  found_.add(Code::colonWithoutBlank, file_.placeOf(offset),
              "a blank is missing behind the colon of " + inShort(key), "write a blank behind it");
   map.value.dropped.push_back(std::move(key));
 }

@@ -310,5 +310,9 @@ TEST(Yaml, RefusesMoreThanItCanBeMeant) {
   EXPECT_EQ(found(std::string(2'000'001, '#')), Found{"1:1 T0101"});
 }
 
+TEST(Yaml, FindsAColonInAWordOfSeveralLines) {
+  EXPECT_EQ(found("a:\n  b: |\n    c\nd e\n    f\n  g:h i\n"), Found{"6:4 T0120"});
+}
+
 }  // namespace
 }  // namespace tavrel::authoring
