@@ -6,7 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <iterator>
-#include <numeric>
 #include <optional>
 
 namespace tavrel {
@@ -177,6 +176,28 @@ std::string joined(GlyphIterator begin, GlyphIterator end) {
   return text;
 }
 
+// Calls `visit` with each of glyphs(text).
+template <typename Visit>
+void forEachGlyph(std::string_view text, const Visit& visit) {
+  Glyph glyph{{}, 0};
+  utf8proc_int32_t previous = 0;
+  utf8proc_int32_t state = 0;
+  std::size_t start = 0;
+  forEachCharacter(text, [&](const Character& character) {
+    const auto at = static_cast<std::size_t>(character.bytes.data() - text.data());
+    if (!glyph.bytes.empty() &&
+        utf8proc_grapheme_break_stateful(previous, character.codepoint, &state)) {
+      visit(glyph);
+      glyph.width = 0;
+      start = at;
+    }
+    glyph.bytes = text.substr(start, at + character.bytes.size() - start);
+    glyph.width = std::min(widestGlyph, glyph.width + utf8proc_charwidth(character.codepoint));
+    previous = character.codepoint;
+  });
+  if (!glyph.bytes.empty()) visit(glyph);
+}
+
 void appendWrapped(std::vector<std::string>& out, const std::string& line, int width) {
   const std::vector<Glyph> all = glyphs(line);
   GlyphIterator begin = all.begin();
@@ -192,39 +213,25 @@ void appendWrapped(std::vector<std::string>& out, const std::string& line, int w
 std::string printable(std::string_view text, Charset charset) {
   std::string out;
   out.reserve(text.size());
-  for (const Glyph& glyph : glyphs(text)) {
+  forEachGlyph(text, [&](const Glyph& glyph) {
     if (charset == Charset::plain) {
       appendPlain(out, glyph.bytes);
     } else {
       appendPrintable(out, glyph.bytes);
     }
-  }
+  });
   return out;
 }
 
 int displayWidth(std::string_view text) {
-  const std::vector<Glyph> all = glyphs(text);
-  return std::accumulate(all.begin(), all.end(), 0,
-                         [](int sum, const Glyph& glyph) { return sum + glyph.width; });
+  int width = 0;
+  forEachGlyph(text, [&width](const Glyph& glyph) { width += glyph.width; });
+  return width;
 }
 
 std::vector<Glyph> glyphs(std::string_view text) {
   std::vector<Glyph> all;
-  utf8proc_int32_t previous = 0;
-  utf8proc_int32_t state = 0;
-  const char* const begin = text.data();
-  std::size_t start = 0;
-  forEachCharacter(text, [&](const Character& character) {
-    const auto at = static_cast<std::size_t>(character.bytes.data() - begin);
-    if (all.empty() || utf8proc_grapheme_break_stateful(previous, character.codepoint, &state)) {
-      all.push_back({{}, 0});
-      start = at;
-    }
-    Glyph& glyph = all.back();
-    glyph.bytes = text.substr(start, at + character.bytes.size() - start);
-    glyph.width = std::min(widestGlyph, glyph.width + utf8proc_charwidth(character.codepoint));
-    previous = character.codepoint;
-  });
+  forEachGlyph(text, [&all](const Glyph& glyph) { all.push_back(glyph); });
   return all;
 }
 
