@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <limits>
 #include <tuple>
 
 #include "authoring/TreeLayout.h"
@@ -57,6 +58,15 @@ std::vector<NodeNumber> Sketch::targetsOf(const LineStart& line) const {
                     [&](NodeNumber one, NodeNumber other) { return rank(one) < rank(other); });
   targets.resize(count);
   return targets;
+}
+
+// Of all nodes that a line may lead to. REQUIRES: there is one.
+std::int64_t Sketch::distanceOfNearest(const LineStart& line) const {
+  std::int64_t least = std::numeric_limits<std::int64_t>::max();
+  for (const NodeNumber node : tree_.nodesOf(tree_.targetOf(line))) {
+    least = std::min(least, distance(line, node));
+  }
+  return least;
 }
 
 bool Sketch::draw(const LineStart& line) {
@@ -119,8 +129,8 @@ std::vector<LineStart> Sketch::inOrder(const std::set<Exit>& first) const {
   using Rank = std::tuple<bool, bool, std::int64_t>;
   std::vector<std::pair<Rank, LineStart>> ranked;
   for (const LineStart& line : lines_) {
-    const std::int64_t nearest = distance(line, targetsOf(line).front());
-    ranked.push_back({{first.count(tree_.exitOf(line)) == 0, !line.isLoop, nearest}, line});
+    ranked.push_back(
+        {{first.count(tree_.exitOf(line)) == 0, !line.isLoop, distanceOfNearest(line)}, line});
   }
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });

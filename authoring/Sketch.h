@@ -40,6 +40,7 @@ class Sketch {
   std::vector<Direction> exitsOf(const LineStart& line, NodeNumber to) const;
   std::int64_t distance(const LineStart& line, NodeNumber to) const;
   std::vector<NodeNumber> targetsOf(const LineStart& line) const;
+  std::int64_t distanceOfNearest(const LineStart& line) const;
   std::vector<LineStart> inOrder(const std::set<Exit>& first) const;
   bool draw(const LineStart& line);
   void put(const LineStart& line, const Line& drawn);

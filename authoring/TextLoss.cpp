@@ -35,10 +35,11 @@ Cause remarkAt(std::size_t offset) {
 
 // A remark between a key and its text, where the text stands on a later line.
 std::optional<Cause> lossBefore(const SourceFile& file, std::size_t key, std::size_t begin) {
-  const std::size_t last = file.placeOf(begin).line;
-  for (std::size_t line = file.placeOf(key).line + 1; line < last; ++line) {
+  const std::size_t keyLine = file.placeOf(key).line, last = file.placeOf(begin).line;
+  const std::size_t keyIndent = key - file.startOf(keyLine);
+  for (std::size_t line = keyLine + 1; line < last; ++line) {
     const std::size_t first = file.line(line).find_first_not_of(' ');
-    if (first != nowhere && first > key - file.startOf(file.placeOf(key).line)) {
+    if (first != nowhere && first > keyIndent) {
       return remarkAt(file.startOf(line) + first);
     }
   }
