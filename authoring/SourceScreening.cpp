@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::size_t mostBytes = 2'000'000;
 constexpr std::size_t deepestBrackets = 20;
-constexpr std::size_t mostValues = 100'000;
 constexpr std::size_t nowhere = std::string_view::npos;
 constexpr std::size_t noLine = std::numeric_limits<std::size_t>::max();
 
@@ -183,8 +182,7 @@ bool isBearable(const Screened& screened, const SourceFile& file, Diagnostics& f
     found.add(Code::bracketsTooDeep, place, "more than 20 brackets and braces are open here",
               "close them, or write the boxes one below the other");
   } else {
-    found.add(Code::tooManyValues, place, "the file has more than 100,000 values",
-              "no chart needs that: split it into several");
+    sayTooManyValues(place, found);
   }
   return false;
 }
@@ -200,6 +198,11 @@ Place Screened::placeIn(const SourceFile& file, Place place) const {
   const std::int32_t bytes = behind == shifts_.begin() ? 0 : std::prev(behind)->bytes;
   const auto moved = static_cast<std::int64_t>(offset) + bytes;
   return file.placeOf(static_cast<std::size_t>(moved));
+}
+
+void sayTooManyValues(Place place, Diagnostics& found) {
+  found.add(Code::tooManyValues, place, "the file has more than 100,000 values",
+            "no chart needs that: split it into several");
 }
 
 std::optional<Screened> screen(const SourceFile& file, Diagnostics& found) {

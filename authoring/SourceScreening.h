@@ -48,6 +48,12 @@ class Screened {
 /// where that makes no sense. Cost: a few passes.
 std::optional<Screened> screen(const SourceFile& file, Diagnostics& found);
 
+/// The values that a source may have. Those that only a reader of YAML sees are counted there.
+constexpr std::size_t mostValues = 100'000;
+
+/// Says that there are more, at the first of these.
+void sayTooManyValues(Place place, Diagnostics& found);
+
 }  // namespace tavrel::authoring
 
 #endif  // TAVREL_AUTHORING_SOURCESCREENING_H

@@ -6,6 +6,7 @@
 #include "authoring/BraceScan.h"
 #include "authoring/InShort.h"
 #include "authoring/SourceKeys.h"
+#include "authoring/SourceScreening.h"
 #include "authoring/TextLoss.h"
 #include "authoring/YamlProblem.h"
 
@@ -13,7 +14,6 @@ namespace tavrel::authoring {
 namespace {
 
 constexpr std::size_t deepestNesting = 20;
-constexpr std::size_t mostValues = 100'000;
 
 using Kind = YamlValue::Kind;
 using Style = YamlValue::Style;
@@ -126,8 +126,7 @@ char YamlBuilder::byteAt(const YAML::Mark& mark) const {
 
 void YamlBuilder::count(const YAML::Mark& mark) {
   if (++values_ <= mostValues) return;
-  found_.add(Code::tooManyValues, placeOf(mark), "the file has more than 100,000 values",
-             "no chart needs that: split it into several");
+  sayTooManyValues(placeOf(mark), found_);
   throw Unreadable();
 }
 
