@@ -4,6 +4,7 @@
 #define TAVREL_AUTHORING_CHARTSOURCE_H
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,12 @@ struct SourceText {
   Place place;
   std::vector<std::string> lines;
 };
+
+/// How long partner has to keep the auction open after a call.
+enum class Forcing : std::uint8_t { no, round, game };
+
+/// Whose hand goes on in the chart that a box leads into.
+enum class Next : std::uint8_t { self, partner };
 
 /// Another chart that a box leads into.
 struct SourceLink {
