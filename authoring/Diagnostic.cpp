@@ -91,6 +91,7 @@ Severity severityOf(Code code) {
   if (code == Code::repeated || code == Code::pathsNotSearched || code == Code::nobodyLinks) {
     return Severity::note;
   }
+  if (code >= Code::badExpression && code != Code::callNeverMade) return Severity::error;
   return code >= Code::oneExit ? Severity::warning : Severity::error;
 }
 

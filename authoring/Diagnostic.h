@@ -113,6 +113,23 @@ enum class Code : std::uint16_t {
 
   linkWithoutFile = 701,
   nobodyLinks = 702,
+
+  badExpression = 830,
+  foreignSpelling = 831,
+  singleEqualsSign = 832,
+  rangeSpelledOtherwise = 833,
+  commaOutside = 834,
+  unknownName = 835,
+  argumentCount = 836,
+  wrongKind = 837,
+  wrongValue = 838,
+  expressionTooLarge = 839,
+  unknownCall = 840,
+  callNeverMade = 841,
+  badPattern = 842,
+  impossibleAuction = 843,
+  tooManyAuctions = 844,
+  callNotAllowed = 845,
 };
 
 /// Every code there is, in the order of their numbers.
