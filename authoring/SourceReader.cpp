@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
 #include "authoring/BoxLines.h"
+#include "authoring/HandKeys.h"
 #include "authoring/InShort.h"
 #include "authoring/Invisible.h"
 #include "authoring/SourceKeys.h"
@@ -119,7 +121,8 @@ class Reader {
   // In a comment such a line may as well be a sentence.
   bool isMeantAsKey(const SwallowedKey& it) const {
     if (it.key == "chart") return isInCatalogue(std::string(it.value));
-    if (it.key != "yes" && it.key != "no") return true;
+    if (it.key == "text" || it.key == "comment") return true;
+    if (it.key != "yes" && it.key != "no") return isMeantAsHandKey(it.key, it.value);
     return it.isBraced() || numbers_.count(std::string(it.value)) > 0;
   }
 
@@ -137,6 +140,9 @@ class Reader {
     if (hasLost && document.find("intro") == nullptr) chart_.hasSureIntro = false;
     noteLosses(document);
     sayWhatIsMissing(document, meant);
+    for (const SwallowedKey& it : swallowedKeys(file_, document, {"applies"})) {
+      if (isMeantAsHandKey(it.key, it.value)) saySwallowed(it);
+    }
     if (boxes_ != nullptr) {
       readBoxes(*boxes_);
     } else {
@@ -180,7 +186,7 @@ class Reader {
         {"chart", &Reader::readChartName}, {"intro", &Reader::readIntro},
         {"start", &Reader::readStart},     {"entry", &Reader::readIsEntry},
         {"turn", &Reader::readTurns},      {"width", &Reader::readWidth},
-        {"boxes", &Reader::noteBoxes},
+        {"applies", &Reader::readApplies}, {"boxes", &Reader::noteBoxes},
     };
     return readEntries(
         document, keys,
@@ -191,6 +197,8 @@ class Reader {
   }
 
   void readTurns(const YamlEntry& entry) { turn_ = readTurn(entry, turn_); }
+
+  void readApplies(const YamlEntry& entry) { hands_.readApplies(entry, chart_); }
 
   void noteBoxes(const YamlEntry& entry) {
     if (values_.is(Kind::map, entry, "a map of boxes by their ids",
@@ -334,24 +342,44 @@ class Reader {
     const std::vector<std::string> meant = readKeys(number, map, id == nullptr);
     noteLosses(map);
     noteSwallowed(number, map);
-    const bool isMeant = std::find(meant.begin(), meant.end(), "text") != meant.end() ||
-                         !swallowedKeys(file_, map, {"text"}).empty();
-    if (!map.has("text") && !isMeant && !map.isCutShort) {
+    const auto isMissing = [&](const char* key) { return isLeftOut(key, map, meant); };
+    if (isMissing("text")) {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
     }
+    hands_.checkTogether(map, std::ref(isMissing));
     const bool isSound = errorsOutsideInlineBoxes() == errorsBefore && map.dropped.empty() &&
                          map.doubled.empty() && !map.isCutShort;
-    if (!isSound) at(number).hasSureTexts = at(number).hasSureExits = false;
+    if (!isSound) {
+      at(number).hasSureTexts = at(number).hasSureExits = at(number).hasSureHands = false;
+    }
     return number;
+  }
+
+  // Whether nobody has written a key, nor one that is likely to be meant for it.
+  bool isLeftOut(const char* key, const YamlValue& map,
+                 const std::vector<std::string>& meant) const {
+    return !map.has(key) && !map.isCutShort &&
+           std::find(meant.begin(), meant.end(), key) == meant.end() &&
+           swallowedKeys(file_, map, {key}).empty();
   }
 
   // An inline box has its id among its keys.
   std::vector<std::string> readKeys(BoxNumber number, const YamlValue& map, bool isInline) {
     static const std::vector<BoxKey> usual = {
-        {"text", &Reader::readText},  {"comment", &Reader::readComment},
-        {"yes", &Reader::readYes},    {"no", &Reader::readNo},
-        {"chart", &Reader::readLink}, {"turn", &Reader::readTurnOfBox},
+        {"text", &Reader::readText},
+        {"comment", &Reader::readComment},
+        {"yes", &Reader::readYes},
+        {"no", &Reader::readNo},
+        {"chart", &Reader::readLink},
+        {"turn", &Reader::readTurnOfBox},
+        {"when", &Reader::readOfHand<&HandKeys::readWhen>},
+        {"asks", &Reader::readOfHand<&HandKeys::readAsks>},
+        {"call", &Reader::readOfHand<&HandKeys::readCall>},
+        {"shows", &Reader::readOfHand<&HandKeys::readShows>},
+        {"forcing", &Reader::readOfHand<&HandKeys::readForcing>},
+        {"next", &Reader::readOfHand<&HandKeys::readNext>},
+        {"never", &Reader::readOfHand<&HandKeys::readNever>},
     };
     static const std::vector<BoxKey> ofInline = [] {
       std::vector<BoxKey> keys = usual;
@@ -378,6 +406,11 @@ class Reader {
   void readTurnOfBox(BoxNumber number, const YamlEntry& entry) {
     at(number).turn = readTurn(entry, turn_);
     at(number).isTurnFixed = true;
+  }
+
+  template <void (HandKeys::*read)(const YamlEntry& entry, SourceBox& box)>
+  void readOfHand(BoxNumber number, const YamlEntry& entry) {
+    (hands_.*read)(entry, at(number));
   }
 
   SourceBox& at(BoxNumber number) { return chart_.boxes[static_cast<std::size_t>(number)]; }
@@ -448,7 +481,10 @@ class Reader {
   }
 
   void noteSwallowed(BoxNumber number, const YamlValue& map) {
-    for (SwallowedKey& it : swallowedKeys(file_, map, {"text", "comment", "yes", "no", "chart"})) {
+    static const std::vector<std::string_view> ownKeys = {"text",  "comment", "yes",  "no",
+                                                          "chart", "when",    "asks", "call",
+                                                          "shows", "forcing", "next", "never"};
+    for (SwallowedKey& it : swallowedKeys(file_, map, ownKeys)) {
       swallowed_.emplace_back(number, std::move(it));
     }
   }
@@ -458,7 +494,7 @@ class Reader {
     for (const auto& [box, it] : swallowed_) {
       if (!isMeantAsKey(it)) continue;
       saySwallowed(it);
-      at(box).hasSureTexts = at(box).hasSureExits = false;
+      at(box).hasSureTexts = at(box).hasSureExits = at(box).hasSureHands = false;
     }
     for (const Reference& reference : references_) {
       const BoxNumber exit = numberOf(*reference.id);
@@ -504,6 +540,7 @@ class Reader {
   const Catalogue& catalogue_;
   Diagnostics& found_;
   SourceValues values_;
+  HandKeys hands_{values_, found_};
   ChartSource chart_;
   Turn turn_ = Turn::right;
   int width_ = usualWidth;
