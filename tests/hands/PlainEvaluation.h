@@ -5,6 +5,7 @@
 #define TAVREL_TESTS_HANDS_PLAINEVALUATION_H
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
@@ -22,11 +23,23 @@ class PlainEvaluation {
   double valueOf(std::string_view text) const {
     std::vector<Fault> faults;
     const ExpressionTree tree = treeOf(text, faults);
+    isExact_ = true;
     return valueOf(tree, tree.back());
   }
 
+  /// Whether nothing was rounded on the way to the last value, as far as quarters: what is rounded
+  /// may be in another order elsewhere.
+  bool wasExact() const { return isExact_; }
+
  private:
   double valueOf(const ExpressionTree& tree, const ExpressionNode& node) const {
+    const double value = workedOut(tree, node);
+    constexpr double most = 1e12;
+    isExact_ = isExact_ && std::abs(value) < most && value * 4 == std::floor(value * 4);
+    return value;
+  }
+
+  double workedOut(const ExpressionTree& tree, const ExpressionNode& node) const {
     const auto operand = [&](std::size_t i) { return valueOf(tree, tree[node.operands[i]]); };
     switch (node.kind) {
       case NodeKind::number:
@@ -112,6 +125,7 @@ class PlainEvaluation {
   }
 
   const Evaluation& evaluation_;
+  mutable bool isExact_ = true;
 };
 
 }  // namespace tavrel::hands
