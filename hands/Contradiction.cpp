@@ -87,7 +87,7 @@ Contradiction smallestContradiction(Feasibility& feasibility, const std::vector<
     const Search search = feasibility.find(chosenOf(all, *set));
     if (search.verdict == Verdict::none) return {*set, true};
     if (search.verdict == Verdict::unsettled) break;
-    failures.add(feasibility.fulfilled(all, search.seat));
+    failures.add(feasibility.fulfilled(all, search.position));
   }
   return withoutNeedless(feasibility, all);
 }

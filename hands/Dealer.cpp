@@ -41,40 +41,40 @@ Hand withAnotherCard(Hand hand, Random& random) {
   return hand;
 }
 
-Dealer::Dealer(Walker& walker, const std::vector<Table>& tables, std::optional<Seat> known)
+Dealer::Dealer(Walker& walker, const std::vector<Table>& tables, std::optional<Position> known)
     : walker_(walker), tables_(tables), known_(known) {
   walker_.evaluation().setTable(tables_[table_]);
 }
 
-void Dealer::sit(Seat seat) {
-  if (seat.table != table_) walker_.evaluation().setTable(tables_[seat.table]);
-  table_ = seat.table;
-  walker_.evaluation().setHand(seat.hand);
+void Dealer::sit(Position position) {
+  if (position.table != table_) walker_.evaluation().setTable(tables_[position.table]);
+  table_ = position.table;
+  walker_.evaluation().setHand(position.hand);
 }
 
-std::optional<Seat> Dealer::deal(Random& random) {
+std::optional<Position> Dealer::deal(Random& random) {
   const auto count = static_cast<std::uint32_t>(tables_.size());
   for (int draw = 0; draw < mostDraws; ++draw) {
     const std::uint32_t table = count == 1 ? 0 : random.below(count);
-    const Seat seat = {dealHand(random), table};
-    sit(seat);
-    if (walker_.isForHand()) return seat;
+    const Position position = {dealHand(random), table};
+    sit(position);
+    if (walker_.isForHand()) return position;
   }
   return changed(random);
 }
 
 // Steps that may be taken back as likely as they are made lead to all hands alike.
-std::optional<Seat> Dealer::changed(Random& random) {
+std::optional<Position> Dealer::changed(Random& random) {
   constexpr int steps = 300;
   if (!known_) return std::nullopt;
-  Seat seat = *known_;
+  Position position = *known_;
   for (int step = 0; step < steps; ++step) {
-    const Seat other = {withAnotherCard(seat.hand, random), seat.table};
+    const Position other = {withAnotherCard(position.hand, random), position.table};
     sit(other);
-    if (walker_.isForHand()) seat = other;
+    if (walker_.isForHand()) position = other;
   }
-  sit(seat);
-  return seat;
+  sit(position);
+  return position;
 }
 
 }  // namespace tavrel::hands

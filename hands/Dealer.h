@@ -30,21 +30,21 @@ class Dealer {
   /// So many hands are dealt at most before one is made.
   static constexpr int mostDraws = 10'000;
 
-  /// `known` is a seat that the chart is for, if there is one. The tables stay where they are.
-  Dealer(Walker& walker, const std::vector<Table>& tables, std::optional<Seat> known);
+  /// `known` is a position that the chart is for, if there is one. The tables stay where they are.
+  Dealer(Walker& walker, const std::vector<Table>& tables, std::optional<Position> known);
 
   /// A hand and a table, each as likely as any other for which the chart is. Where chance finds
   /// none, the known one is changed card by card as long as the chart stays right for it.
   /// std::nullopt if there is none. The evaluation has them then.
-  std::optional<Seat> deal(Random& random);
+  std::optional<Position> deal(Random& random);
 
  private:
-  std::optional<Seat> changed(Random& random);
-  void sit(Seat seat);
+  std::optional<Position> changed(Random& random);
+  void sit(Position position);
 
   Walker& walker_;
   const std::vector<Table>& tables_;
-  const std::optional<Seat> known_;
+  const std::optional<Position> known_;
   std::uint32_t table_ = 0;  // of the evaluation
 };
 

@@ -240,9 +240,9 @@ const Feasibility::Known& Feasibility::known(const std::string& text) {
 
 Search Feasibility::find(const std::vector<Wanted>& all) { return Trial(*this, all).find(); }
 
-std::vector<bool> Feasibility::fulfilled(const std::vector<Wanted>& all, Seat seat) {
-  evaluation_.setTable(tables_[seat.table]);
-  evaluation_.setHand(seat.hand);
+std::vector<bool> Feasibility::fulfilled(const std::vector<Wanted>& all, Position position) {
+  evaluation_.setTable(tables_[position.table]);
+  evaluation_.setHand(position.hand);
   std::vector<bool> are;
   for (const Wanted& wanted : all) {
     are.push_back(known(wanted.text).program.isTrue() == wanted.isTrue);

@@ -30,7 +30,7 @@ enum class Verdict { found, none, unsettled };
 
 struct Search {
   Verdict verdict = Verdict::unsettled;
-  Seat seat;  ///< where found
+  Position position;  ///< where found
 };
 
 /// Looks for hands at the tables of a chart. Hands that agree in all that the conditions look at
@@ -52,7 +52,7 @@ class Feasibility {
   Search find(const std::vector<Wanted>& all);
 
   /// Which of them are as wanted with this hand at this table.
-  std::vector<bool> fulfilled(const std::vector<Wanted>& all, Seat seat);
+  std::vector<bool> fulfilled(const std::vector<Wanted>& all, Position position);
 
  private:
   struct Known;

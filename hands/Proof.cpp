@@ -223,7 +223,7 @@ class Examination {
                std::string cure) {
     Finding& finding = add(kind, box, std::move(text), std::move(cure));
     finding.count = seen.count;
-    finding.seat = seen.seat;
+    finding.position = seen.position;
   }
 
   void note(BoxIndex box, const std::string& text) {
@@ -262,7 +262,7 @@ class Examination {
     const auto found = searches_.find({box, answer});
     const bool isGiven = seen.count > 0 || found->second.search.verdict == Verdict::found;
     Seen example = seen;
-    if (seen.count == 0 && isGiven) example.seat = found->second.search.seat;
+    if (seen.count == 0 && isGiven) example.position = found->second.search.position;
     const bool leadsOn = chart_[box].exits[answer] != noBox;
     if (isGiven && !leadsOn) return addGap(box, answer, example);
     if (isGiven) return reportExcuse(box, answer, example);
@@ -328,7 +328,7 @@ class Examination {
         return note(box, "it isn't settled that " + text + " in no hand");
       }
       if (found.verdict == Verdict::none) return;
-      seen.seat = found.seat;
+      seen.position = found.position;
     }
     addSeen(kind, box, seen, text, cure);
   }
@@ -425,10 +425,10 @@ class Examination {
       if (tally.calls[i].count > 0) end.calls.push_back(chart_[box].conditions->calls[i].call);
     }
     if (end.count > 0) {
-      end.seat = tally.reached.seat;
+      end.position = tally.reached.position;
     } else if (stands_[box] == Stand::reached) {
       const Search found = search(box, {}).search;
-      if (found.verdict == Verdict::found) end.seat = found.seat;
+      if (found.verdict == Verdict::found) end.position = found.position;
     }
   }
 

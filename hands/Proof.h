@@ -43,9 +43,9 @@ struct Finding {
   FindingKind kind = FindingKind::noHand;
   BoxIndex box = noBox;
   std::optional<Answer> answer;
-  std::uint64_t count = 0;   ///< of the deals in which it was seen
-  std::optional<Seat> seat;  ///< an example, dealt or searched for
-  std::string text;          ///< what is wrong, behind the box's name
+  std::uint64_t count = 0;           ///< of the deals in which it was seen
+  std::optional<Position> position;  ///< an example, dealt or searched for
+  std::string text;                  ///< what is wrong, behind the box's name
   std::string cure;
   std::vector<Refutation> proof;  ///< why no hand does it: one for each way, where it is proved
 };
@@ -53,9 +53,9 @@ struct Finding {
 /// An end of the chart.
 struct EndOfHands {
   BoxIndex box = noBox;
-  std::vector<Call> calls;   ///< those that were made, in the order in which the end has them
-  std::uint64_t count = 0;   ///< of the deals that came here
-  std::optional<Seat> seat;  ///< the first of them, or one that was searched for
+  std::vector<Call> calls;  ///< those that were made, in the order in which the end has them
+  std::uint64_t count = 0;  ///< of the deals that came here
+  std::optional<Position> position;  ///< the first of them, or one that was searched for
 };
 
 struct Proof {

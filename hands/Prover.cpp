@@ -54,13 +54,13 @@ class Counter {
   void count(std::uint64_t number) {
     Random random(seed_, number);
     ++tally_.deals;
-    const std::optional<Seat> seat = dealer_.deal(random);
-    if (!seat) {
+    const std::optional<Position> position = dealer_.deal(random);
+    if (!position) {
       ++tally_.undealt;
       return;
     }
     number_ = number;
-    seat_ = *seat;
+    position_ = *position;
     const Ending ending = walker_.walk(
         [&random](BoxIndex) { return random.below(2) == 0 ? Answer::no : Answer::yes; });
     for (const Step step : walker_.steps()) noteStep(step);
@@ -70,7 +70,7 @@ class Counter {
 
  private:
   BoxTally& at(BoxIndex box) { return tally_.boxes[subject_.firstOf(box)]; }
-  void note(Seen& seen) { seen.note(number_, seat_); }
+  void note(Seen& seen) { seen.note(number_, position_); }
 
   void noteStep(Step step) {
     BoxTally& box = at(step.box);
@@ -101,18 +101,19 @@ class Counter {
 
   void noteCall(BoxIndex end, std::size_t choice, BoxTally& box) {
     note(box.calls[choice]);
-    const Auction& auction = subject_.tables()[seat_.table].auction;
+    const Auction& auction = subject_.tables()[position_.table].auction;
     const Call call = subject_.chart()[end].conditions->calls[choice].call;
     if (!auction.allows(call)) note(box[Fall::illegalCall]);
   }
 
   void noteLink(BoxIndex end, std::size_t choice, BoxTally& box) {
     if (!arrivals_[end]) return;
-    const auto& following = subject_.following(end, seat_.table, choice);
+    const auto& following = subject_.following(end, position_.table, choice);
     if (!following) return note(box[Fall::wrongAuction]);
     if (following->turn == Next::partner) return;
-    const Table& table = subject_.tables()[seat_.table];
-    if (!arrivals_[end]->isFor(seat_.hand, table, following->auction)) note(box[Fall::wrongHand]);
+    const Table& table = subject_.tables()[position_.table];
+    if (!arrivals_[end]->isFor(position_.hand, table, following->auction))
+      note(box[Fall::wrongHand]);
   }
 
   const Subject& subject_;
@@ -122,7 +123,7 @@ class Counter {
   Tally tally_;
   std::vector<std::unique_ptr<Arrival>> arrivals_;  // by box
   std::uint64_t number_ = 0;                        // of the deal
-  Seat seat_;
+  Position position_;
 };
 
 // Hands out the deals in blocks, and adds up what came of them.

@@ -20,7 +20,7 @@ struct DealRange {
 struct Proving {
   std::uint64_t seed = 1;
   DealRange range;
-  std::optional<Seat> known;  ///< a seat that the chart is for: see Dealer
+  std::optional<Position> known;  ///< a position that the chart is for: see Dealer
   unsigned threads = 1;
 };
 

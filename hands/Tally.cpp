@@ -4,10 +4,10 @@
 
 namespace tavrel::hands {
 
-void Seen::note(std::uint64_t number, Seat where) {
+void Seen::note(std::uint64_t number, Position where) {
   if (count++ != 0 && deal < number) return;
   deal = number;
-  seat = where;
+  position = where;
 }
 
 Seen& Seen::operator+=(const Seen& other) {

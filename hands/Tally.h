@@ -14,11 +14,11 @@
 namespace tavrel::hands {
 
 /// A hand at one of the tables that a chart is for.
-struct Seat {
+struct Position {
   Hand hand;
   std::uint32_t table = 0;  ///< see tablesOf()
 
-  friend bool operator==(const Seat& a, const Seat& b) {
+  friend bool operator==(const Position& a, const Position& b) {
     return a.hand == b.hand && a.table == b.table;
   }
 };
@@ -26,14 +26,14 @@ struct Seat {
 /// How often something was seen, and the first deal in which it was.
 struct Seen {
   std::uint64_t count = 0;
-  std::uint64_t deal = 0;  ///< its number; of no meaning while the count is 0, as is the seat
-  Seat seat;
+  std::uint64_t deal = 0;  ///< its number; of no meaning while the count is 0, as is the position
+  Position position;
 
   /// Deals may come in any order.
-  void note(std::uint64_t number, Seat where);
+  void note(std::uint64_t number, Position where);
   Seen& operator+=(const Seen& other);
   friend bool operator==(const Seen& a, const Seen& b) {
-    return a.count == b.count && (a.count == 0 || (a.deal == b.deal && a.seat == b.seat));
+    return a.count == b.count && (a.count == 0 || (a.deal == b.deal && a.position == b.position));
   }
 };
 
