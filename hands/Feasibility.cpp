@@ -1,6 +1,7 @@
 #include "hands/Feasibility.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -79,9 +80,9 @@ class Feasibility::Trial {
     for (const Wanted& wanted : all) {
       const Known& known = owner.known(wanted.text);
       const unsigned basis = known.checked.basis;
-      auto& stage = basis == noCards ? ofTable_ : (basis == lengths ? ofLengths_ : ofHand_);
+      Stage& stage = stageOf(basis);
       stage.push_back({&known, wanted.isTrue});
-      if (&stage == &ofHand_) basis_ |= basis;
+      if (&stage == &ofSums_ || &stage == &ofTops_) basis_ |= basis;
     }
   }
 
@@ -99,6 +100,12 @@ class Feasibility::Trial {
     bool wanted;
   };
   using Stage = std::vector<Condition>;
+
+  Stage& stageOf(unsigned basis) {
+    if (basis == noCards) return ofTable_;
+    if (basis == lengths) return ofLengths_;
+    return (basis & topHonours) == 0 ? ofSums_ : ofTops_;
+  }
 
   static bool isFulfilled(const Condition& condition) {
     return condition.known->program.isTrue() == condition.wanted;
@@ -126,26 +133,35 @@ class Feasibility::Trial {
     for (const Lengths& lengths : allLengths()) {
       evaluation_.setHand(handOf(lengths));
       if (!isFulfilled(ofLengths_)) continue;
-      const std::vector<Hand>* const hands = owner_.kinds_.of(lengths, distinction());
-      if (hands == nullptr || hands->size() > left) {
-        isSettled = false;
-        continue;
+      // Without the honours there are far fewer kinds: mostly these show that there is no hand.
+      Search search = findWith(lengths, {basis_, 0}, false, table, left);
+      if (search.verdict == Verdict::found && !ofTops_.empty()) {
+        search = findWith(lengths, distinction(lengths), true, table, left);
       }
-      left -= hands->size();
-      for (const Hand hand : *hands) {
-        evaluation_.setHand(hand);
-        if (isFulfilled(ofHand_)) return {Verdict::found, {hand, table}};
-      }
+      if (search.verdict == Verdict::found) return search;
+      isSettled = isSettled && search.verdict == Verdict::none;
     }
     return {isSettled ? Verdict::none : Verdict::unsettled, {}};
   }
 
-  // For the lengths and the table that the evaluation has: they decide what a suit is that
-  // conditions name, as the longest or partner's.
-  Distinction distinction() const {
-    Distinction distinction;
-    distinction.basis = basis_;
-    for (const Condition& condition : ofHand_) {
+  Search findWith(const Lengths& lengths, const Distinction& distinction, bool withTops,
+                  std::uint32_t table, std::uint64_t& left) {
+    const std::vector<Hand>* const hands = owner_.kinds_.of(lengths, distinction);
+    if (hands == nullptr || hands->size() > left) return {Verdict::unsettled, {}};
+    left -= hands->size();
+    for (const Hand hand : *hands) {
+      evaluation_.setHand(hand);
+      if (!isFulfilled(ofSums_) || (withTops && !isFulfilled(ofTops_))) continue;
+      return {Verdict::found, {hand, table}};
+    }
+    return {Verdict::none, {}};
+  }
+
+  // Lengths and table decide what a suit is that conditions name, as the longest or partner's.
+  Distinction distinction(const Lengths& lengths) const {
+    evaluation_.setHand(handOf(lengths));
+    Distinction distinction = {basis_, 0};
+    for (const Condition& condition : ofTops_) {
       for (const Expression& suit : condition.known->topSuits) {
         const double number = suit.value();
         if (number >= 1 && number <= static_cast<double>(suits.size())) {
@@ -169,7 +185,7 @@ class Feasibility::Trial {
 
   std::vector<double> lookOfTable(std::uint32_t table) const {
     std::vector<double> look;
-    for (const Stage* stage : {&ofTable_, &ofLengths_, &ofHand_}) {
+    for (const Stage* stage : stages()) {
       for (const auto& [known, wanted] : *stage) addLook(*known, table, look);
     }
     return look;
@@ -207,14 +223,18 @@ class Feasibility::Trial {
     return {Verdict::unsettled, {}};
   }
 
+  std::array<const Stage*, 4> stages() const {
+    return {&ofTable_, &ofLengths_, &ofSums_, &ofTops_};
+  }
+
   std::size_t conditionCount() const {
-    return ofTable_.size() + ofLengths_.size() + ofHand_.size();
+    return ofTable_.size() + ofLengths_.size() + ofSums_.size() + ofTops_.size();
   }
 
   std::size_t scoreOf(Hand hand) const {
     evaluation_.setHand(hand);
     std::ptrdiff_t score = 0;
-    for (const Stage* stage : {&ofTable_, &ofLengths_, &ofHand_}) {
+    for (const Stage* stage : stages()) {
       score += std::count_if(stage->begin(), stage->end(),
                              [](const Condition& condition) { return isFulfilled(condition); });
     }
@@ -223,8 +243,8 @@ class Feasibility::Trial {
 
   Feasibility& owner_;
   Evaluation& evaluation_;
-  Stage ofTable_, ofLengths_, ofHand_;
-  unsigned basis_ = noCards;  // of ofHand_
+  Stage ofTable_, ofLengths_, ofSums_, ofTops_;  // by what they look at
+  unsigned basis_ = noCards;                     // of the last two
 };
 
 Feasibility::Feasibility(const std::vector<Table>& tables, std::uint64_t mostForEach)

@@ -325,7 +325,7 @@ class Examination {
     if (seen.count == 0) {
       const Search found = search(box, extras).search;
       if (found.verdict == Verdict::unsettled) {
-        return note(box, "it isn't settled that " + text + " in no hand");
+        return note(box, "whether there is a hand for this isn't settled: " + text);
       }
       if (found.verdict == Verdict::none) return;
       seen.position = found.position;
