@@ -28,7 +28,7 @@ const char* vulnerabilityOf(const Table& table);
 class Dealer {
  public:
   /// So many hands are dealt at most before one is made.
-  static constexpr int mostDraws = 10'000;
+  static constexpr int mostDraws = 2'000;
 
   /// `known` is a position that the chart is for, if there is one. The tables stay where they are.
   Dealer(Walker& walker, const std::vector<Table>& tables, std::optional<Position> known);

@@ -5,6 +5,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -37,11 +38,11 @@ class Arrival {
 // What one thread has counted.
 class Counter {
  public:
-  Counter(const Subject& subject, const Proving& proving)
+  Counter(const Subject& subject, std::uint64_t seed, const std::optional<Position>& known)
       : subject_(subject),
-        seed_(proving.seed),
+        seed_(seed),
         walker_(subject.chart()),
-        dealer_(walker_, subject.tables(), proving.known),
+        dealer_(walker_, subject.tables(), known),
         tally_(subject.chart()) {
     for (BoxIndex box = 0; box < subject.chart().boxes().size(); ++box) {
       const LinkedChart* const link = subject.linkOf(box);
@@ -129,9 +130,9 @@ class Counter {
 // Hands out the deals in blocks, and adds up what came of them.
 class Crew {
  public:
-  Crew(const Subject& subject, const Proving& proving,
+  Crew(const Subject& subject, const Proving& proving, std::optional<Position> known,
        const std::function<void(std::uint64_t)>& tell)
-      : subject_(subject), proving_(proving), tell_(tell), sum_(subject.chart()) {
+      : subject_(subject), proving_(proving), known_(known), tell_(tell), sum_(subject.chart()) {
     next_ = proving.range.first;
   }
 
@@ -152,7 +153,7 @@ class Crew {
   static constexpr std::uint64_t block = 2000;
 
   void work() try {
-    Counter counter(subject_, proving_);
+    Counter counter(subject_, proving_.seed, known_);
     const std::uint64_t end = proving_.range.end;
     for (std::uint64_t first; !isStopped_ && (first = next_.fetch_add(block)) < end;) {
       const std::uint64_t last = first + std::min(block, end - first);
@@ -170,6 +171,7 @@ class Crew {
 
   const Subject& subject_;
   const Proving& proving_;
+  const std::optional<Position> known_;
   const std::function<void(std::uint64_t)>& tell_;
   std::atomic<std::uint64_t> next_ = 0;
   std::atomic<bool> isStopped_ = false;
@@ -178,11 +180,23 @@ class Crew {
   std::exception_ptr failure_;
 };
 
+Tally nothingDealt(const Subject& subject, DealRange range) {
+  Tally tally(subject.chart());
+  tally.deals = tally.undealt = range.end - range.first;
+  return tally;
+}
+
 }  // namespace
 
-Tally tallyOf(const Subject& subject, const Proving& proving,
+Tally tallyOf(const Subject& subject, Feasibility& feasibility, const Proving& proving,
               const std::function<void(std::uint64_t)>& tell) {
-  return Crew(subject, proving, tell).run();
+  std::optional<Position> known;
+  if (const auto& hand = subject.chart().conditions().hand) {
+    const Search search = feasibility.find({{*hand, true}});
+    if (search.verdict == Verdict::none) return nothingDealt(subject, proving.range);
+    if (search.verdict == Verdict::found) known = search.position;
+  }
+  return Crew(subject, proving, known, tell).run();
 }
 
 }  // namespace tavrel::hands

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 
+#include "hands/Feasibility.h"
 #include "hands/Subject.h"
 #include "hands/Tally.h"
 
@@ -20,14 +20,14 @@ struct DealRange {
 struct Proving {
   std::uint64_t seed = 1;
   DealRange range;
-  std::optional<Position> known;  ///< a position that the chart is for: see Dealer
   unsigned threads = 1;
 };
 
 /// Walks the deals through a chart; questions of judgement are answered by the deal's random
-/// numbers. The tally hangs on seed and range alone. `tell` hears now and then, from one thread at
+/// numbers. The tally hangs on seed and range alone. Where there is no hand that the chart assumes,
+/// nothing is dealt. `tell` hears now and then, from one thread at
 /// a time, how many more deals are done; what it throws ends the work and comes out here.
-Tally tallyOf(const Subject& subject, const Proving& proving,
+Tally tallyOf(const Subject& subject, Feasibility& feasibility, const Proving& proving,
               const std::function<void(std::uint64_t)>& tell);
 
 }  // namespace tavrel::hands

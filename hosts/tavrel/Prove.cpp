@@ -143,13 +143,9 @@ class Proofs {
     proving.seed = report_.seed;
     proving.range = report_.range;
     proving.threads = threadsFor(arguments_);
-    if (const auto& hand = subject.chart().conditions().hand) {
-      const hands::Search known = feasibility.find({{*hand, true}});
-      if (known.verdict == hands::Verdict::none) return hands::Tally(subject.chart());
-      if (known.verdict == hands::Verdict::found) proving.known = known.position;
-    }
     ProgressBar bar(subject.chart().name(), proving.range.end - proving.range.first);
-    return hands::tallyOf(subject, proving, [&bar](std::uint64_t more) { bar.advance(more); });
+    return hands::tallyOf(subject, feasibility, proving,
+                          [&bar](std::uint64_t more) { bar.advance(more); });
   }
 
   const ProveArguments& arguments_;

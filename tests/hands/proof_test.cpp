@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "hands/Prover.h"
@@ -24,7 +25,7 @@ Proved prove(const HandChart& chart, const KnownCharts& others = {}, std::uint64
   Feasibility feasibility(subject.tables());
   Proving proving;
   proving.range = {0, deals};
-  Tally tally = tallyOf(subject, proving, [](std::uint64_t) {});
+  Tally tally = tallyOf(subject, feasibility, proving, [](std::uint64_t) {});
   Proof proof = proofOf(subject, tally, feasibility);
   return {std::move(tally), std::move(proof)};
 }
@@ -179,6 +180,162 @@ TEST(Proof, FindsYesAndNoSwapped) {
   EXPECT_EQ(found(test),
             (Lines{"false promise: open-1nt", "false text: open-1nt", "range too wide: open-1nt",
                    "false promise: big", "false text: big"}));
+}
+
+// --- everything else that can be found -------------------------------------------
+
+TEST(Proof, FindsACallThatTheLawsDontAllow) {
+  const TestChart test(chartOf(soundBoxes, "{auction: [\"\", \"2D P\"]}"));
+  EXPECT_EQ(found(test), (Lines{"illegal call: big", "illegal call: open-1nt"}));
+}
+
+TEST(Proof, FindsHandsThatGoRoundInACircle) {
+  const TestChart test(chartOf(R"(
+  strong: {text: "15+ HCP?", when: "hcp >= 15", yes: open-1nt, no: weak}
+  open-1nt: {text: "Open 1NT", call: 1NT}
+  weak: {text: "0–10 HCP?", when: "hcp <= 10", yes: pass, no: strong}
+  pass: {text: "Pass", call: P}
+)"));
+  const Finding finding = theFinding(test);
+  EXPECT_EQ(finding.kind, FindingKind::loop);
+  EXPECT_GT(finding.count, 0U);
+}
+
+const std::string deadBoxes = R"(
+  strong: {text: "15+ HCP?", when: "hcp >= 15", yes: notrump, no: weak}
+  notrump: {text: "12+ HCP?", when: "hcp >= 12", yes: open-1nt, no: weak}
+  open-1nt: {text: "Open 1NT", call: 1NT}
+  weak: {text: "Pass", call: P}
+)";
+
+TEST(Proof, FindsADeadExitWithTheSmallestContradiction) {
+  const TestChart test(chartOf(deadBoxes));
+  const Finding finding = theFinding(test);
+  EXPECT_EQ(brief(test.chart(), finding), "dead exit: notrump no");
+  ASSERT_EQ(finding.proof.size(), 1U);
+  EXPECT_TRUE(finding.proof[0].isSmallest);
+  EXPECT_EQ(finding.proof[0].conditions,
+            (Lines{"hcp >= 15: yes (strong)", "hcp >= 12: no (notrump)"}));
+}
+
+TEST(Proof, LeavesADeadExitAloneThatIsExcused) {
+  const TestChart test(chartOf(replaced(deadBoxes, "yes: open-1nt, no: weak}",
+                                        "yes: open-1nt, no: weak, never: {no: \"to teach\"}}")));
+  const Proof proof = prove(test.chart()).proof;
+  EXPECT_TRUE(proof.findings.empty());
+  EXPECT_EQ(proof.notes, Lines{"notrump: never no: to teach (proved)"});
+}
+
+TEST(Proof, FindsAnExcuseForAnAnswerThatHandsGive) {
+  const TestChart test(chartOf(replaced(deadBoxes, "yes: notrump, no: weak}",
+                                        "yes: notrump, no: weak, never: {yes: \"rare\"}}")));
+  EXPECT_EQ(found(test), (Lines{"false excuse: strong yes", "dead exit: notrump no"}));
+}
+
+TEST(Proof, FindsAHandThatTheNextChartDoesntAssume) {
+  const TestChart next(replaced(replaced(stayman, "1NT P 2C P 2D P", "2C P 2D P"), "{auction",
+                                "{hand: \"hcp >= 20\", auction"));
+  const KnownCharts known = {{"Stayman", &next.chart().conditions()}};
+  const std::string link = "call: 2C, chart: Stayman, next: self,";
+  const TestChart test(chartOf(replaced(soundBoxes, "call: 2C,", link)));
+  EXPECT_EQ(found(test, known), Lines{"wrong hand: big"});
+}
+
+TEST(Proof, SaysThatAChartIsForNoHand) {
+  const TestChart test(chartOf(soundBoxes, "{auction: \"\", hand: \"hcp >= 20 && quick < 1\"}"));
+  const std::vector<std::string> all = found(test);
+  EXPECT_EQ(all, Lines{"no hand: strong"});
+}
+
+// About one hand of 160 billion has this.
+TEST(Proof, SearchesForHandsThatAreNeverDealt) {
+  const TestChart test(chartOf(R"(
+  strong: {text: "All of a suit?", when: "longest == 13", yes: grand, no: pass}
+  grand: {text: "Open 7NT", call: 7NT, shows: "voids == 3"}
+  pass: {text: "Pass", call: P}
+)"));
+  const Proof proof = prove(test.chart()).proof;
+  EXPECT_TRUE(proof.findings.empty());
+  ASSERT_TRUE(proof.ends[0].position.has_value());
+  EXPECT_EQ(proof.ends[0].count, 0U);
+  Evaluation evaluation;
+  evaluation.setHand(proof.ends[0].position->hand);
+  EXPECT_EQ(evaluation[Variable::longest], 13);
+}
+
+// Nor is there chance of a hand with 37 points and a long suit.
+TEST(Proof, FindsFalsePromisesThatNoDealShows) {
+  const TestChart test(
+      chartOf(replaced(soundBoxes, "shows: \"hcp >= 18\"", "shows: \"hcp >= 18 && hcp <= 36\"")));
+  const Finding finding = theFinding(test);
+  EXPECT_EQ(brief(test.chart(), finding), "false promise: big");
+  EXPECT_EQ(finding.count, 0U);
+  ASSERT_TRUE(finding.position.has_value());
+}
+
+TEST(Proof, TossesACoinWhereJudgementDecides) {
+  const TestChart test(chartOf(R"(
+  feel: {text: "Does it feel good?", asks: judgement, yes: open-1nt, no: pass}
+  strong: {text: "15+ HCP?", when: "hcp >= 15", yes: feel, no: pass}
+  open-1nt: {text: "Open 1NT", call: 1NT}
+  pass: {text: "Pass", call: P}
+)"));
+  const Proved proved = prove(test.chart());
+  EXPECT_TRUE(proved.proof.findings.empty());
+  const BoxTally& feel = proved.tally.boxes[test.box("feel")];
+  const auto yes = static_cast<double>(feel.answers.yes.count);
+  const auto no = static_cast<double>(feel.answers.no.count);
+  EXPECT_NEAR(yes / (yes + no), 0.5, 0.05);
+}
+
+TEST(Proof, CountsHandsThatChanceHardlyDeals) {
+  const TestChart test(chartOf(soundBoxes, "{auction: \"\", hand: \"hcp >= 30\"}"));
+  const Subject subject(test.chart(), {});
+  Feasibility feasibility(subject.tables());
+  Proving proving;
+  proving.range = {0, 50};
+  const Tally tally = tallyOf(subject, feasibility, proving, [](std::uint64_t) {});
+  EXPECT_EQ(tally.undealt, 0U);
+  EXPECT_EQ(tally.boxes[test.box("big")].reached.count, 50U);
+  EXPECT_GE(tally.boxes[test.box("big")].extents[0].least, 30);
+}
+
+// --- sharing the work ----------------------------------------------------------------
+
+Tally tallied(const HandChart& chart, DealRange range, unsigned threads) {
+  const Subject subject(chart, {});
+  Feasibility feasibility(subject.tables());
+  Proving proving;
+  proving.range = range;
+  proving.threads = threads;
+  return tallyOf(subject, feasibility, proving, [](std::uint64_t) {});
+}
+
+TEST(Tally, IsTheSameOnAnyNumberOfThreads) {
+  const TestChart test(chartOf(soundBoxes));
+  const Tally one = tallied(test.chart(), {0, 30'000}, 1);
+  EXPECT_EQ(one, tallied(test.chart(), {0, 30'000}, 2));
+  EXPECT_EQ(one, tallied(test.chart(), {0, 30'000}, 7));
+}
+
+TEST(Tally, OfSlicesAddsUpToThatOfAllDeals) {
+  const TestChart test(chartOf(soundBoxes));
+  Tally sum = tallied(test.chart(), {12'345, 30'000}, 1);
+  sum += tallied(test.chart(), {0, 1}, 1);
+  EXPECT_FALSE(sum == tallied(test.chart(), {0, 30'000}, 1));
+  sum += tallied(test.chart(), {1, 12'345}, 1);
+  EXPECT_EQ(sum, tallied(test.chart(), {0, 30'000}, 1));
+}
+
+TEST(Tally, PassesOnWhatIsThrownMeanwhile) {
+  const TestChart test(chartOf(soundBoxes));
+  const Subject subject(test.chart(), {});
+  Feasibility feasibility(subject.tables());
+  Proving proving;
+  proving.range = {0, 1'000'000};
+  proving.threads = 3;
+  const auto fail = [](std::uint64_t) { throw std::runtime_error("enough"); };
+  EXPECT_THROW(tallyOf(subject, feasibility, proving, fail), std::runtime_error);
 }
 
 }  // namespace
