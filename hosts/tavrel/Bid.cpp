@@ -86,11 +86,6 @@ class Bidder {
   }
 
  private:
-  static int statusOf(const Bid& bid) {
-    if (openEndOf(bid).empty()) return 0;
-    return bid.walked.outcome == WalkOutcome::judgement ? judgementStatus : failureStatus;
-  }
-
   static std::string restOfInput() {
     return std::cin.eof() ? std::string() : std::string(readInput("-").bytes());
   }

@@ -18,9 +18,6 @@ struct BidArguments {
   bool isExplained = false, asJson = false;
 };
 
-/// The exit status where a question takes judgement, and there is no terminal to ask on.
-inline constexpr int judgementStatus = 3;
-
 /// Prints what each hand bids, with the charts of the folder or, without one, of the program.
 /// Returns the exit status. Throws Failure for wrong usage and what can't be read.
 int bidHands(const BidArguments& arguments, const std::optional<std::string>& charts);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "hands/HandText.h"
+#include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/HandStart.h"
 
 namespace tavrel {
@@ -52,13 +53,6 @@ std::optional<Forcing> forcingOf(const Bid& bid) {
 
 // --- for people -------------------------------------------------------------------
 
-std::string lineOf(const WalkedQuestion& question) {
-  std::string line = joined(question.box.text) + " " + nameOf(question.answer);
-  if (question.isJudged) return line + ": your judgement";
-  if (!question.reasons.empty()) line += ": " + shown(question.reasons);
-  return line;
-}
-
 std::string commentary(const WalkedBox& box) {
   std::string lines;
   for (const std::string& line : box.commentary) lines += "      " + line + "\n";
@@ -75,7 +69,7 @@ std::string headOf(const ChartWalk& walk, const Bid& bid, const Library& library
 std::string told(const ChartWalk& walk, const Bid& bid, const Library& library, bool isExplained) {
   std::string text = headOf(walk, bid, library);
   for (const WalkedQuestion& question : walk.questions) {
-    text += "    " + lineOf(question) + "\n";
+    text += "    " + questionOf(question.box) + " " + reasonOf(question) + "\n";
     if (isExplained) text += commentary(question.box);
   }
   if (walk.ending == Ending::end || walk.ending == Ending::judgement) {
@@ -211,6 +205,19 @@ std::string reportJson(const Bid& bid, const Library& library, bool isOneLine) {
 }
 
 std::string failureJson(const std::string& why) { return Json{{"error", why}}.dump(); }
+
+std::string questionOf(const WalkedBox& box) { return joined(box.text); }
+
+std::string reasonOf(const WalkedQuestion& question) {
+  const std::string answer = nameOf(question.answer);
+  if (question.isJudged) return answer + ": your judgement";
+  return question.reasons.empty() ? answer : answer + ": " + shown(question.reasons);
+}
+
+int statusOf(const Bid& bid) {
+  if (openEndOf(bid).empty()) return 0;
+  return bid.walked.outcome == WalkOutcome::judgement ? judgementStatus : failureStatus;
+}
 
 std::string openEndOf(const Bid& bid) {
   const ChartWalk& last = bid.walked.last();

@@ -33,9 +33,21 @@ std::string reportJson(const Bid& bid, const Library& library, bool isOneLine);
 /// The object of a hand that can't be bid, on one line. REQUIRES: UTF-8.
 std::string failureJson(const std::string& why);
 
+/// What a box says, on one line.
+std::string questionOf(const hands::WalkedBox& box);
+
+/// "yes: 16 (A4 Q2 …)", or that a person judged so.
+std::string reasonOf(const hands::WalkedQuestion& question);
+
 /// Why the walk didn't come to a call that the player could make now, as a clause; empty if it
 /// did.
 std::string openEndOf(const Bid& bid);
+
+/// The exit status where a question takes judgement, and there is no terminal to ask on.
+inline constexpr int judgementStatus = 3;
+
+/// The exit status of a walk: 0 where it came to such a call.
+int statusOf(const Bid& bid);
 
 }  // namespace tavrel
 

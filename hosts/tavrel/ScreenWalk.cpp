@@ -74,6 +74,12 @@ void ScreenWalk::walk(const CatalogueEntry& chart, const std::string& answers) {
   run();
 }
 
+void ScreenWalk::walk(HandGuide& guide) {
+  guide_ = &guide;
+  message_ = "Space lets the hand answer: " + guide.handShown();
+  walk(guide.chart(), "");
+}
+
 void ScreenWalk::walkFromList() {
   if (pickChart()) run();
 }
@@ -137,12 +143,55 @@ bool ScreenWalk::obeyCharacter(char character) {
 }
 
 void ScreenWalk::take(WalkStep step) {
+  if (guide_ && step == WalkStep::alongPath) return takeHandStep();
+  if (guide_ && (step == WalkStep::yes || step == WalkStep::no)) return answerForHand(step);
+  move(step);
+}
+
+void ScreenWalk::move(WalkStep step) {
   const std::int64_t before = walk_.chart().index;
   const Outcome outcome = walk_.take(step);
   if (outcome != Outcome::moved) return say(refusalOf(walk_, step, outcome));
   view_.placeChanged();
   if (walk_.chart().index != before) view_.chartChanged();
 }
+
+// The path is lit as far as the hand has come, and no further.
+void ScreenWalk::takeHandStep() {
+  const auto count = guide_->stepsTo(place());
+  if (!count) return say("the hand doesn't come here; b goes back");
+  if (*count == guide_->steps().size()) {
+    return say(guide_->isOpen() ? "this takes your judgement: y or n" : guide_->result());
+  }
+  const std::int64_t before = walk_.chart().index;
+  walk_.restart();
+  walk_.enter(guide_->chart(), guide_->answers(*count + 1));
+  for (std::size_t made = 0; made <= *count; ++made) walk_.take(WalkStep::alongPath);
+  view_.placeChanged();
+  if (walk_.chart().index != before) view_.chartChanged();
+  const HandGuide::Step& step = guide_->steps()[*count];
+  message_ = step.question.empty() ? sentence(step.reason) : step.question + " " + step.reason;
+  if (*count + 1 < guide_->steps().size()) return;
+  message_ +=
+      " " + sentence(guide_->isOpen() ? "this takes your judgement: y or n" : guide_->result());
+}
+
+// A person's answer: their judgement where that is wanted, and elsewhere to be compared.
+void ScreenWalk::answerForHand(WalkStep step) {
+  const HandGuide::Place from = place();
+  const auto answer = step == WalkStep::yes ? hands::Answer::yes : hands::Answer::no;
+  const HandGuide::Step* const own = guide_->stepFrom(from);
+  if (own == nullptr && guide_->isOpen() && guide_->stepsTo(from)) {
+    guide_->judge(from, answer);
+    return takeHandStep();
+  }
+  move(step);
+  if (own == nullptr || !message_.empty()) return;
+  message_ = own->question + " " + own->reason;
+  if (own->answer != answer) message_ = "The hand answers otherwise. " + message_;
+}
+
+HandGuide::Place ScreenWalk::place() const { return walk_.navigator().currentLocation(); }
 
 void ScreenWalk::followLink() {
   const Outcome outcome = walk_.followLink();

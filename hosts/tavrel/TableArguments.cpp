@@ -47,6 +47,11 @@ void addPartner(HandAtTable& at, const std::string& text) {
 
 }  // namespace
 
+bool isGiven(const TableArguments& arguments) {
+  return arguments.auction || arguments.dealer || arguments.vulnerable || arguments.seat ||
+         arguments.partner;
+}
+
 Situation tableOf(const TableArguments& arguments) {
   Situation table;
   if (arguments.auction) {

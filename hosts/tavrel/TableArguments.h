@@ -16,6 +16,9 @@ struct TableArguments {
   std::optional<std::string> dealer, vulnerable, seat, partner;
 };
 
+/// Whether any of it was given.
+bool isGiven(const TableArguments& arguments);
+
 /// A hand, or a deal, at a table.
 struct HandAtTable {
   hands::Situation situation;

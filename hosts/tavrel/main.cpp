@@ -107,6 +107,20 @@ void defineDraw(CLI::App& app, Invocation& invocation) {
       ->type_name("PAGE");
 }
 
+void defineTable(CLI::App& command, TableArguments& table) {
+  command.add_option("--auction", table.auction, "The calls so far, dealer first: \"1NT P 2C P\"")
+      ->type_name("CALLS");
+  command.add_option("--dealer", table.dealer, "N, E, S or W; without it, N")->type_name("SEAT");
+  command.add_option("--vul", table.vulnerable, "Who is vulnerable: NS, EW, both or none")
+      ->type_name("SIDE");
+  command
+      .add_option("--seat", table.seat,
+                  "Whose the hand is: N, E, S or W; without it, of the player who calls next")
+      ->type_name("SEAT");
+  command.add_option("--partner", table.partner, "Partner's hand, for charts that go on with it")
+      ->type_name("HAND");
+}
+
 void defineWalk(CLI::App& app, Invocation& invocation) {
   Arguments& arguments = invocation.arguments;
   CLI::App* walk = addCommand(app, "walk", "Walk a flowchart, box by box", [&invocation] {
@@ -122,6 +136,11 @@ void defineWalk(CLI::App& app, Invocation& invocation) {
       ->type_name("yyn...");
   walk->add_flag("--watch", arguments.watches,
                  "Read a source again whenever it is saved, and stay at its box");
+  walk->add_option("--hand", arguments.hand,
+                   "A hand that answers by itself: a key a step on a terminal, all at once "
+                   "without one")
+      ->type_name("HAND");
+  defineTable(*walk, arguments.table);
   walk->footer(
       "With input that is no terminal, a walk reads commands, one a line:\n"
       "  y, n        follow the yes or the no exit (yes, no)\n"
@@ -131,20 +150,6 @@ void defineWalk(CLI::App& app, Invocation& invocation) {
       "  follow      into the flowchart that the box leads into\n"
       "  chart NAME  to another flowchart, by name or title\n"
       "  q           quit");
-}
-
-void defineTable(CLI::App& command, TableArguments& table) {
-  command.add_option("--auction", table.auction, "The calls so far, dealer first: \"1NT P 2C P\"")
-      ->type_name("CALLS");
-  command.add_option("--dealer", table.dealer, "N, E, S or W; without it, N")->type_name("SEAT");
-  command.add_option("--vul", table.vulnerable, "Who is vulnerable: NS, EW, both or none")
-      ->type_name("SIDE");
-  command
-      .add_option("--seat", table.seat,
-                  "Whose the hand is: N, E, S or W; without it, of the player who calls next")
-      ->type_name("SEAT");
-  command.add_option("--partner", table.partner, "Partner's hand, for charts that go on with it")
-      ->type_name("HAND");
 }
 
 void defineBid(CLI::App& app, Invocation& invocation) {
