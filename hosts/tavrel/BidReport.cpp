@@ -180,7 +180,8 @@ std::string report(const Bid& bid, const Library& library, bool isExplained) {
   for (const ChartWalk& walk : bid.walked.charts) {
     text += "\n" + told(walk, bid, library, isExplained);
   }
-  text += "\nanswers: " + bid.walked.answers() + "\n";
+  const std::string answers = bid.walked.answers();
+  text += answers.empty() ? "\n" : "\nanswers: " + answers + "\n";
   if (const auto other = calledInstead(bid)) {
     text += "called instead: " + shown(*other, Charset::utf8) + "\n";
   }

@@ -16,6 +16,8 @@
 namespace tavrel {
 namespace {
 
+const std::string judgementWanted = "this takes your judgement: y or n";
+
 std::optional<WalkStep> stepOf(const KeyPress& press) {
   switch (press.key) {
     case Key::up:
@@ -161,7 +163,7 @@ void ScreenWalk::takeHandStep() {
   const auto count = guide_->stepsTo(place());
   if (!count) return say("the hand doesn't come here; b goes back");
   if (*count == guide_->steps().size()) {
-    return say(guide_->isOpen() ? "this takes your judgement: y or n" : guide_->result());
+    return say(guide_->isOpen() ? judgementWanted : guide_->result());
   }
   const std::int64_t before = walk_.chart().index;
   walk_.restart();
@@ -170,10 +172,9 @@ void ScreenWalk::takeHandStep() {
   view_.placeChanged();
   if (walk_.chart().index != before) view_.chartChanged();
   const HandGuide::Step& step = guide_->steps()[*count];
-  message_ = step.question.empty() ? sentence(step.reason) : step.question + " " + step.reason;
+  message_ = step.question.empty() ? step.reason : step.question + " " + step.reason;
   if (*count + 1 < guide_->steps().size()) return;
-  message_ +=
-      " " + sentence(guide_->isOpen() ? "this takes your judgement: y or n" : guide_->result());
+  message_ += "; " + (guide_->isOpen() ? judgementWanted : guide_->result());
 }
 
 // A person's answer: their judgement where that is wanted, and elsewhere to be compared.
