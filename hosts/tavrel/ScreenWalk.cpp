@@ -166,15 +166,25 @@ void ScreenWalk::takeHandStep() {
     return say(guide_->isOpen() ? judgementWanted : guide_->result());
   }
   const std::int64_t before = walk_.chart().index;
-  walk_.restart();
-  walk_.enter(guide_->chart(), guide_->answers(*count + 1));
-  for (std::size_t made = 0; made <= *count; ++made) walk_.take(WalkStep::alongPath);
+  walkHandSteps(*count + 1);
   view_.placeChanged();
   if (walk_.chart().index != before) view_.chartChanged();
   const HandGuide::Step& step = guide_->steps()[*count];
-  message_ = step.question.empty() ? step.reason : step.question + " " + step.reason;
-  if (*count + 1 < guide_->steps().size()) return;
-  message_ += "; " + (guide_->isOpen() ? judgementWanted : guide_->result());
+  std::string said =
+      step.question.empty() ? sentence(step.reason) : step.question + " " + step.reason;
+  if (*count + 1 == guide_->steps().size()) {
+    said += "; " + (guide_->isOpen() ? judgementWanted : guide_->result());
+  }
+  message_ = said;
+}
+
+void ScreenWalk::walkHandSteps(std::size_t count) {
+  walk_.restart();
+  const Outcome outcome = walk_.enter(guide_->chart(), guide_->answers(count));
+  if (outcome != Outcome::moved) {
+    throw Failure(entryRefusalOf(walk_.library(), guide_->chart(), outcome));
+  }
+  for (std::size_t made = 0; made < count; ++made) walk_.take(WalkStep::alongPath);
 }
 
 // A person's answer: their judgement where that is wanted, and elsewhere to be compared.

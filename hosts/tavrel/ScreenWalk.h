@@ -3,6 +3,7 @@
 #ifndef TAVREL_HOSTS_TAVREL_SCREENWALK_H
 #define TAVREL_HOSTS_TAVREL_SCREENWALK_H
 
+#include <cstddef>
 #include <string>
 
 #include "hosts/tavrel/HandGuide.h"
@@ -38,6 +39,7 @@ class ScreenWalk {
   void take(WalkStep step);
   void move(WalkStep step);
   void takeHandStep();
+  void walkHandSteps(std::size_t count);
   void answerForHand(WalkStep step);
   HandGuide::Place place() const;
   void followLink();
