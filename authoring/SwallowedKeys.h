@@ -26,7 +26,7 @@ struct SwallowedKey {
 /// Those of some keys that a map lacks and its text blocks have: the first of each in a block.
 /// Cost: one pass over the blocks.
 std::vector<SwallowedKey> swallowedKeys(const SourceFile& file, const YamlValue& map,
-                                        std::vector<std::string_view> keys);
+                                        const std::vector<std::string_view>& keys);
 
 }  // namespace tavrel::authoring
 

@@ -22,6 +22,7 @@ constexpr std::size_t mostUnknown = 10;  // names of which something is said: lo
 // How firmly an operator binds; a prefix binds most firmly of all.
 enum Binding : int { choices, eithers, boths, comparisons, sums, products, prefixes };
 
+// REQUIRES: a sign that stands between two values.
 Binding bindingOf(Operator sign) {
   switch (sign) {
     case Operator::either:
@@ -34,8 +35,6 @@ Binding bindingOf(Operator sign) {
     case Operator::times:
     case Operator::by:
       return products;
-    case Operator::negation:
-      return prefixes;
     default:
       return comparisons;
   }
@@ -87,6 +86,7 @@ class Parser {
 
   std::size_t readValue(Binding loosest);
   std::size_t readOperand();
+  std::size_t readNumber();
   std::size_t readPrefix();
   std::size_t readParentheses();
   std::size_t readName();
@@ -175,23 +175,24 @@ std::size_t Parser::readChoice(std::size_t condition) {
   return put(std::move(node));
 }
 
-std::size_t Parser::readOperand() {
+// Or what was to be something else.
+std::size_t Parser::readNumber() {
   const Token& here = token();
-  switch (here.kind) {
-    case TokenKind::number: {
-      ExpressionNode node;
-      node.kind = NodeKind::number;
-      node.own = {here.offset, here.end()};
-      node.value = std::strtod(std::string(textOf(here)).c_str(), nullptr);
-      ++at_;
-      return put(std::move(node));
-    }
-    case TokenKind::unknown: {
-      ExpressionNode node;
-      node.own = {here.offset, here.end()};
-      ++at_;
-      return put(std::move(node));
-    }
+  ExpressionNode node;
+  node.own = {here.offset, here.end()};
+  if (isAt(TokenKind::number)) {
+    node.kind = NodeKind::number;
+    node.value = std::strtod(std::string(textOf(here)).c_str(), nullptr);
+  }
+  ++at_;
+  return put(std::move(node));
+}
+
+std::size_t Parser::readOperand() {
+  switch (token().kind) {
+    case TokenKind::number:
+    case TokenKind::unknown:
+      return readNumber();
     case TokenKind::name:
       return readName();
     case TokenKind::open:

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "authoring/ChartCheck.h"
+#include "hands/ConditionCompiler.h"
 #include "tests/support/Files.h"
 
 namespace tavrel::authoring {
@@ -134,7 +135,7 @@ std::string messageOf(const Section& section) {
   std::set<std::string> there;
   for (const Example& example : section.examples) {
     files.push_back(fileOf(example));
-    charts.push_back(checkChart(files.back(), catalogue));
+    charts.push_back(checkChart(files.back(), catalogue, hands::checkConditions));
     there.insert(charts.back().name);
   }
   for (CheckedChart& chart : charts) checkLinks(chart, there);

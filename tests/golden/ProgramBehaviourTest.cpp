@@ -165,5 +165,88 @@ TEST_F(ProgramOutput, LeavesNoDraftBehind) {
   EXPECT_EQ(3, std::distance(begin(entries), end(entries)));
 }
 
+// What a chart asks of a hand, in a file beside it.
+class ProgramConditions : public ProgramOutput {
+ protected:
+  // Makes the source say something of hands, or nothing.
+  void ask(bool asks) const {
+    const std::string call = asks ? ", call: P" : "";
+    writeFile(source_, "chart: Overcall\nstart: a\nboxes:\n  a: {text: \"Pass\"" + call + "}\n");
+  }
+
+  bool areConditions(const std::string& name) const {
+    return readFile(folder_.path() / name).find("\"chart\": \"Overcall\"") != std::string::npos;
+  }
+
+  bool exists(const std::string& name) const {
+    return std::filesystem::exists(folder_.path() / name);
+  }
+};
+
+TEST_F(ProgramConditions, StandBesideTheFlowchart) {
+  ask(true);
+  EXPECT_EQ("exit 0", compileTo(folder_.path()));
+  EXPECT_TRUE(areConditions("Overcall.when"));
+  EXPECT_EQ("exit 0", compileTo(folder_.path() / "other.fv"));
+  EXPECT_TRUE(areConditions("other.when"));
+  EXPECT_EQ("exit 0", compileTo(output_));
+  EXPECT_TRUE(areConditions("output.when"));
+}
+
+TEST_F(ProgramConditions, AreNotWrittenOfAChartThatSaysNothingOfHands) {
+  EXPECT_EQ("exit 0", compileTo(folder_.path()));
+  EXPECT_TRUE(exists("Overcall.fv"));
+  EXPECT_FALSE(exists("Overcall.when"));
+}
+
+TEST_F(ProgramConditions, GoOnceTheChartSaysNothingOfHandsAnyMore) {
+  ask(true);
+  EXPECT_EQ("exit 0", compileTo(folder_.path()));
+  ask(false);
+  EXPECT_EQ("exit 0", compileTo(folder_.path()));
+  EXPECT_FALSE(exists("Overcall.when"));
+}
+
+TEST_F(ProgramConditions, LeaveFilesOfTheirNameThatAreNone) {
+  for (const char* bytes : {"when I come home", "{", ""}) {
+    writeFile(folder_.path() / "output.when", bytes);
+    EXPECT_EQ("exit 0", compileTo(output_));
+    EXPECT_EQ(bytes, readFile(folder_.path() / "output.when"));
+  }
+}
+
+TEST_F(ProgramConditions, DontGoWhereTheFlowchartIsNoFile) {
+  ask(true);
+  ASSERT_EQ(0, mkfifo(output_.c_str(), 0600));
+  const int reader = open(output_.c_str(), O_RDONLY | O_NONBLOCK);
+  EXPECT_EQ("exit 0", compileTo(output_));
+  EXPECT_TRUE(isChart(readToEnd(reader)));
+  EXPECT_FALSE(exists("output.when"));
+  close(reader);
+}
+
+TEST_F(ProgramConditions, ArentWrittenOverByAFlowchart) {
+  EXPECT_EQ("exit 2", compileTo(folder_.path() / "output.when"));
+  EXPECT_FALSE(exists("output.when"));
+}
+
+// A source may be called anything.
+TEST_F(ProgramConditions, AreNotWrittenOverTheirSource) {
+  ask(true);
+  const std::filesystem::path odd = folder_.path() / "Overcall.when";
+  std::filesystem::copy_file(source_, odd);
+  const std::string line = "tavrel compile " + odd.string();
+  EXPECT_EQ("exit 2", endOf(start(line, STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO)));
+  EXPECT_EQ(readFile(source_), readFile(odd));
+  EXPECT_FALSE(exists("Overcall.fv"));
+}
+
+// A chart without the conditions that belong to it would ask persons alone.
+TEST_F(ProgramConditions, ThatCantBeWrittenAreAFailure) {
+  ask(true);
+  std::filesystem::create_directory(folder_.path() / "Overcall.when");
+  EXPECT_EQ("exit 2", compileTo(folder_.path()));
+}
+
 }  // namespace
 }  // namespace tavrel
