@@ -29,6 +29,9 @@ class HoldingValues {
     return static_cast<unsigned>(bytes_ >> (8 * field)) & 0xFF;
   }
 
+  /// All fields in one: sums of it are the sums of the fields.
+  constexpr std::uint64_t number() const { return bytes_; }
+
   constexpr void add(Field field, unsigned value) { bytes_ += std::uint64_t{value} << (8 * field); }
 
   friend constexpr HoldingValues operator+(HoldingValues a, HoldingValues b) {

@@ -29,11 +29,17 @@ std::optional<Answer> Walker::answerAt(BoxIndex box) const {
   return when->isTrue() ? Answer::yes : Answer::no;
 }
 
-Call Walker::callAt(BoxIndex end) const {
-  for (const auto& [when, call] : programs_[end].calls) {
-    if (!when || when->isTrue()) return call;
+std::optional<std::size_t> Walker::choiceAt(BoxIndex end) const {
+  const auto& calls = programs_[end].calls;
+  for (std::size_t i = 0; i < calls.size(); ++i) {
+    if (!calls[i].first || calls[i].first->isTrue()) return i;
   }
-  return Call::none;
+  return std::nullopt;
+}
+
+Call Walker::callAt(BoxIndex end) const {
+  const std::optional<std::size_t> choice = choiceAt(end);
+  return choice ? programs_[end].calls[*choice].second : Call::none;
 }
 
 bool Walker::isAsShownAt(BoxIndex end) const {

@@ -3,6 +3,7 @@
 #ifndef TAVREL_HANDS_WALKER_H
 #define TAVREL_HANDS_WALKER_H
 
+#include <cstddef>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -43,7 +44,10 @@ class Walker {
   /// The hand's answer to the question of a box; std::nullopt where it takes judgement.
   std::optional<Answer> answerAt(BoxIndex box) const;
 
-  /// The call that the hand makes at an end; Call::none if none fits.
+  /// Which of the calls of an end the hand makes; std::nullopt if none fits.
+  std::optional<std::size_t> choiceAt(BoxIndex end) const;
+
+  /// That call; Call::none if none fits.
   Call callAt(BoxIndex end) const;
 
   /// Whether the hand has what the end promises; true where nothing is promised.

@@ -20,6 +20,7 @@
 #include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Library.h"
+#include "hosts/tavrel/Prove.h"
 #include "hosts/tavrel/Words.h"
 #include "text/Text.h"
 
@@ -33,6 +34,7 @@ struct Invocation {
   CheckArguments check;
   DrawArguments draw;
   BidArguments bid;
+  ProveArguments prove;
   int status = 0;
 };
 
@@ -121,6 +123,43 @@ void defineTable(CLI::App& command, TableArguments& table) {
       ->type_name("HAND");
 }
 
+void defineProve(CLI::App& app, Invocation& invocation) {
+  ProveArguments& arguments = invocation.prove;
+  CLI::App* prove = addCommand(app, "prove", "Prove charts by dealing hands", [&invocation] {
+    const auto& charts = invocation.arguments.charts;
+    invocation.status =
+        proveCharts(invocation.prove, charts ? *charts : defaultChartsDirectory().string());
+  });
+  prove->add_option("CHART", arguments.charts,
+                    "Names of charts, or sources (NAME.yaml); without any, all charts that say "
+                    "anything of hands");
+  prove->add_option("--deals", arguments.deals, "How many hands are dealt for each chart")
+      ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1'000'000'000'000}))
+      ->type_name("N");
+  prove->add_option("--seed", arguments.seed, "Which hands: the same seed deals the same ones")
+      ->type_name("N");
+  prove
+      ->add_option("--threads", arguments.threads,
+                   "How many threads work; without it, as many as the machine runs at once")
+      ->check(CLI::Range(1, 1024))
+      ->type_name("N");
+  prove->add_flag("--json", arguments.asJson, "Print JSON");
+  prove
+      ->add_option("--range", arguments.range,
+                   "Only these deals of the seed, from A up to, and without, B")
+      ->excludes("--deals")
+      ->type_name("A..B");
+  prove
+      ->add_option("--merge", arguments.slices,
+                   "Deal nothing, and add up what --range and --json have written")
+      ->excludes("--range")
+      ->excludes("--deals")
+      ->excludes("--seed")
+      ->type_name("FILE...");
+  prove->add_flag("--update", arguments.updates,
+                  "Write NAME.hands beside each chart: a hand for each of its ends");
+}
+
 void defineWalk(CLI::App& app, Invocation& invocation) {
   Arguments& arguments = invocation.arguments;
   CLI::App* walk = addCommand(app, "walk", "Walk a flowchart, box by box", [&invocation] {
@@ -196,14 +235,16 @@ void define(CLI::App& app, Invocation& invocation) {
   defineCheck(app, invocation);
   defineDraw(app, invocation);
   defineBid(app, invocation);
+  defineProve(app, invocation);
 }
 
 void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
   throw Failure(
-      "list, intro, walk, compile, check, draw or bid must stand here; 'tavrel --help' shows the "
-      "usage");
+      "list, intro, walk, compile, check, draw, bid or prove must stand here; 'tavrel --help' "
+      "shows "
+      "the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {
