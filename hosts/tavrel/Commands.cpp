@@ -8,11 +8,14 @@
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
+#include <utility>
 
 #include "hosts/tavrel/Answers.h"
 #include "hosts/tavrel/EndingSignals.h"
 #include "hosts/tavrel/Failure.h"
+#include "hosts/tavrel/HandGuide.h"
 #include "hosts/tavrel/Introduction.h"
+#include "hosts/tavrel/Judge.h"
 #include "hosts/tavrel/Library.h"
 #include "hosts/tavrel/LineWalk.h"
 #include "hosts/tavrel/ScreenWalk.h"
@@ -66,7 +69,20 @@ bool endsIn(const std::string& name, const char* extension) {
   return std::filesystem::path(name).extension() == extension;
 }
 
-bool isSource(const std::string& name) { return endsIn(name, ".yaml") || endsIn(name, ".yml"); }
+// With the hand of the arguments, from the chart named or the one that fits.
+int walkHand(const Library& library, const std::string& chart, const Arguments& arguments) {
+  const TableArguments& table = arguments.table;
+  HandAtTable hand = seated(*arguments.hand, tableOf(table), table);
+  if (Terminal::isUsable()) {
+    HandGuide guide(library, chart, std::move(hand));
+    Terminal terminal;
+    ScreenWalk(library, terminal, localeCharset()).walk(guide);
+    return 0;
+  }
+  const HandGuide guide(library, chart, std::move(hand), askOnTerminal());
+  LineWalk(library, std::cout, localeCharset()).follow(guide);
+  return guide.status();
+}
 
 int walkSource(const Arguments& arguments, const Answers& answers) {
   const bool isOnScreen = Terminal::isUsable();
@@ -76,6 +92,11 @@ int walkSource(const Arguments& arguments, const Answers& answers) {
   std::cerr << charts.said();
   if (!isFine) return 1;
   const Library library(charts.folder(), charts.origin());
+  if (arguments.hand && isOnScreen) return walkHand(library, charts.chart(), arguments);
+  if (arguments.hand) {
+    const EndingSignals signals([] {});  // so that the folder is removed first
+    return walkHand(library, charts.chart(), arguments);
+  }
   const CatalogueEntry* const chart = &library.find(charts.chart());
   if (isOnScreen) {
     walkOnScreen(library, chart, answers, arguments.watches ? &charts : nullptr);
@@ -109,6 +130,12 @@ void printIntroduction(const Arguments& arguments) {
 int walkCharts(const Arguments& arguments) {
   Answers answers;
   if (arguments.answers) answers = checkedAnswers(*arguments.answers);
+  if (!arguments.hand && isGiven(arguments.table)) {
+    throw Failure("--auction, --dealer, --vul, --seat and --partner belong to a hand: --hand HAND");
+  }
+  if (arguments.hand && (answers || arguments.watches)) {
+    throw Failure("a hand gives the answers itself; --hand goes without --answers and --watch");
+  }
   if (isSource(arguments.name)) return walkSource(arguments, answers);
   if (arguments.watches) {
     throw Failure("only a source can be watched: tavrel walk NAME.yaml --watch");
@@ -117,6 +144,7 @@ int walkCharts(const Arguments& arguments) {
     throw Failure("walk takes the name of a flowchart, without .fv; --charts names its folder");
   }
   const Library library = libraryOf(arguments);
+  if (arguments.hand) return walkHand(library, arguments.name, arguments);
   const CatalogueEntry* chart = arguments.name.empty() ? nullptr : &library.find(arguments.name);
   if (chart) requireFile(library, *chart);
   if (!chart && answers) {

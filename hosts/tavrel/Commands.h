@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "hosts/tavrel/TableArguments.h"
+
 namespace tavrel {
 
 /// The command line, taken apart. What was not given is empty.
@@ -14,6 +16,8 @@ struct Arguments {
   std::string name;                   ///< a flowchart's name or title, or a source
   std::optional<std::string> answers;
   bool watches = false;
+  std::optional<std::string> hand;  ///< that walks by itself
+  TableArguments table;
 };
 
 // All throw Failure for wrong usage and unreadable input.
@@ -26,7 +30,8 @@ void printIntroduction(const Arguments& arguments);
 
 /// Walks a flowchart: on the terminal's screen where there is one, else in lines. A name that
 /// ends in ".yaml" is a source, which is compiled into a temporary folder and walked there.
-/// Returns the exit status: 1 if there was an error in the source.
+/// A hand walks by itself, from key to key on the screen, and to its end in lines. Returns the exit
+/// status: 1 if there was an error in the source, that of statusOf() for a hand in lines.
 int walkCharts(const Arguments& arguments);
 
 }  // namespace tavrel

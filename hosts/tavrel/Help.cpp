@@ -18,7 +18,7 @@ constexpr std::array entries = {
     Entry{"arrows", "move on the grid, along a line in either direction"},
     Entry{"b", "one step back, also into the chart you came from; Backspace too"},
     Entry{"Enter", "go on in the flowchart that this box leads into"},
-    Entry{"Space", "one box further along the prepared path"},
+    Entry{"Space", "one box further along the prepared path, or as the hand answers"},
     Entry{"r", "to the root box of this chart"},
     Entry{"PgUp, PgDn", "scroll the commentary"},
     Entry{"i", "the introduction of this chart"},

@@ -84,6 +84,15 @@ void LineWalk::follow(const CatalogueEntry& chart, const std::string& answers) {
   if (!left.empty()) say(leftOver(left));
 }
 
+void LineWalk::follow(const HandGuide& guide) {
+  enterFirst(guide.chart(), guide.answers(guide.steps().size()));
+  for (const HandGuide::Step& step : guide.steps()) {
+    say(step.reason);
+    if (!takeAlongPath()) break;
+  }
+  say(guide.result());
+}
+
 // Walks the path laid and returns the answers that were left over.
 std::string LineWalk::walkPath(std::string answers) {
   std::set<std::int64_t> enteredSinceAnswer;

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 
+#include "hosts/tavrel/HandGuide.h"
 #include "hosts/tavrel/Walk.h"
 #include "text/Text.h"
 
@@ -34,6 +35,9 @@ class LineWalk {
   /// Walks the path that the answers (y and n) prepare, across flowcharts, and says
   /// which answers were left over.
   void follow(const CatalogueEntry& chart, const std::string& answers);
+
+  /// Walks the way of a hand, and says the reason of each step.
+  void follow(const HandGuide& guide);
 
  private:
   void tellList();

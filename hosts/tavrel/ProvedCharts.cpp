@@ -11,10 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isSource(const fs::path& path) {
-  return path.extension() == ".yaml" || path.extension() == ".yml";
-}
-
 // The entry of a file name; nullptr for a name that the catalogue hasn't got.
 const CatalogueEntry* entryNamed(const Library& library, const std::string& name) {
   const auto& entries = library.entries();

@@ -16,6 +16,8 @@
 namespace tavrel {
 namespace {
 
+const std::string judgementWanted = "this takes your judgement: y or n";
+
 std::optional<WalkStep> stepOf(const KeyPress& press) {
   switch (press.key) {
     case Key::up:
@@ -72,6 +74,12 @@ void ScreenWalk::walk(const CatalogueEntry& chart, const std::string& answers) {
   const Outcome outcome = answers.empty() ? walk_.enter(chart) : walk_.enter(chart, answers);
   if (outcome != Outcome::moved) throw Failure(entryRefusalOf(walk_.library(), chart, outcome));
   run();
+}
+
+void ScreenWalk::walk(HandGuide& guide) {
+  guide_ = &guide;
+  message_ = "Space lets the hand answer: " + guide.handShown();
+  walk(guide.chart(), "");
 }
 
 void ScreenWalk::walkFromList() {
@@ -137,12 +145,64 @@ bool ScreenWalk::obeyCharacter(char character) {
 }
 
 void ScreenWalk::take(WalkStep step) {
+  if (guide_ && step == WalkStep::alongPath) return takeHandStep();
+  if (guide_ && (step == WalkStep::yes || step == WalkStep::no)) return answerForHand(step);
+  move(step);
+}
+
+void ScreenWalk::move(WalkStep step) {
   const std::int64_t before = walk_.chart().index;
   const Outcome outcome = walk_.take(step);
   if (outcome != Outcome::moved) return say(refusalOf(walk_, step, outcome));
   view_.placeChanged();
   if (walk_.chart().index != before) view_.chartChanged();
 }
+
+// The path is lit as far as the hand has come, and no further.
+void ScreenWalk::takeHandStep() {
+  const auto count = guide_->stepsTo(place());
+  if (!count) return say("the hand doesn't come here; b goes back");
+  if (*count == guide_->steps().size()) {
+    return say(guide_->isOpen() ? judgementWanted : guide_->result());
+  }
+  const std::int64_t before = walk_.chart().index;
+  walkHandSteps(*count + 1);
+  view_.placeChanged();
+  if (walk_.chart().index != before) view_.chartChanged();
+  const HandGuide::Step& step = guide_->steps()[*count];
+  std::string said =
+      step.question.empty() ? sentence(step.reason) : step.question + " " + step.reason;
+  if (*count + 1 == guide_->steps().size()) {
+    said += "; " + (guide_->isOpen() ? judgementWanted : guide_->result());
+  }
+  message_ = said;
+}
+
+void ScreenWalk::walkHandSteps(std::size_t count) {
+  walk_.restart();
+  const Outcome outcome = walk_.enter(guide_->chart(), guide_->answers(count));
+  if (outcome != Outcome::moved) {
+    throw Failure(entryRefusalOf(walk_.library(), guide_->chart(), outcome));
+  }
+  for (std::size_t made = 0; made < count; ++made) walk_.take(WalkStep::alongPath);
+}
+
+// A person's answer: their judgement where that is wanted, and elsewhere to be compared.
+void ScreenWalk::answerForHand(WalkStep step) {
+  const HandGuide::Place from = place();
+  const auto answer = step == WalkStep::yes ? hands::Answer::yes : hands::Answer::no;
+  const HandGuide::Step* const own = guide_->stepFrom(from);
+  if (own == nullptr && guide_->isOpen() && guide_->stepsTo(from)) {
+    guide_->judge(from, answer);
+    return takeHandStep();
+  }
+  move(step);
+  if (own == nullptr || !message_.empty()) return;
+  message_ = own->question + " " + own->reason;
+  if (own->answer != answer) message_ = "The hand answers otherwise. " + message_;
+}
+
+HandGuide::Place ScreenWalk::place() const { return walk_.navigator().currentLocation(); }
 
 void ScreenWalk::followLink() {
   const Outcome outcome = walk_.followLink();

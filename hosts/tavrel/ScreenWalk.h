@@ -3,8 +3,10 @@
 #ifndef TAVREL_HOSTS_TAVREL_SCREENWALK_H
 #define TAVREL_HOSTS_TAVREL_SCREENWALK_H
 
+#include <cstddef>
 #include <string>
 
+#include "hosts/tavrel/HandGuide.h"
 #include "hosts/tavrel/SourceCharts.h"
 #include "hosts/tavrel/Terminal.h"
 #include "hosts/tavrel/Walk.h"
@@ -24,6 +26,9 @@ class ScreenWalk {
   /// until a key or a signal ends it. Throws Failure if the chart can't be walked.
   void walk(const CatalogueEntry& chart, const std::string& answers);
 
+  /// Walks from where the way of a hand begins; Space takes it a step further, and says why.
+  void walk(HandGuide& guide);
+
   /// Walks from the chart picked from the list, if one is.
   void walkFromList();
 
@@ -32,6 +37,11 @@ class ScreenWalk {
   bool obey(const KeyPress& press);
   bool obeyCharacter(char character);
   void take(WalkStep step);
+  void move(WalkStep step);
+  void takeHandStep();
+  void walkHandSteps(std::size_t count);
+  void answerForHand(WalkStep step);
+  HandGuide::Place place() const;
   void followLink();
   void back();
   bool pickChart();
@@ -45,6 +55,7 @@ class ScreenWalk {
   Charset charset_;
   WalkView view_;
   SourceCharts* watched_;
+  HandGuide* guide_ = nullptr;
   std::string answers_;      // laid on the first chart
   std::string message_;      // said once, until the next key
   std::string sourceError_;  // stands until it is mended

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "facade/Tavrel.h"
+#include "hosts/tavrel/Bid.h"
 #include "hosts/tavrel/Check.h"
 #include "hosts/tavrel/Commands.h"
 #include "hosts/tavrel/Compile.h"
@@ -32,6 +33,7 @@ struct Invocation {
   CompileArguments compile;
   CheckArguments check;
   DrawArguments draw;
+  BidArguments bid;
   ProveArguments prove;
   int status = 0;
 };
@@ -107,6 +109,20 @@ void defineDraw(CLI::App& app, Invocation& invocation) {
       ->type_name("PAGE");
 }
 
+void defineTable(CLI::App& command, TableArguments& table) {
+  command.add_option("--auction", table.auction, "The calls so far, dealer first: \"1NT P 2C P\"")
+      ->type_name("CALLS");
+  command.add_option("--dealer", table.dealer, "N, E, S or W; without it, N")->type_name("SEAT");
+  command.add_option("--vul", table.vulnerable, "Who is vulnerable: NS, EW, both or none")
+      ->type_name("SIDE");
+  command
+      .add_option("--seat", table.seat,
+                  "Whose the hand is: N, E, S or W; without it, of the player who calls next")
+      ->type_name("SEAT");
+  command.add_option("--partner", table.partner, "Partner's hand, for charts that go on with it")
+      ->type_name("HAND");
+}
+
 void defineProve(CLI::App& app, Invocation& invocation) {
   ProveArguments& arguments = invocation.prove;
   CLI::App* prove = addCommand(app, "prove", "Prove charts by dealing hands", [&invocation] {
@@ -159,6 +175,11 @@ void defineWalk(CLI::App& app, Invocation& invocation) {
       ->type_name("yyn...");
   walk->add_flag("--watch", arguments.watches,
                  "Read a source again whenever it is saved, and stay at its box");
+  walk->add_option("--hand", arguments.hand,
+                   "A hand that answers by itself: a key a step on a terminal, all at once "
+                   "without one")
+      ->type_name("HAND");
+  defineTable(*walk, arguments.table);
   walk->footer(
       "With input that is no terminal, a walk reads commands, one a line:\n"
       "  y, n        follow the yes or the no exit (yes, no)\n"
@@ -168,6 +189,34 @@ void defineWalk(CLI::App& app, Invocation& invocation) {
       "  follow      into the flowchart that the box leads into\n"
       "  chart NAME  to another flowchart, by name or title\n"
       "  q           quit");
+}
+
+void defineBid(CLI::App& app, Invocation& invocation) {
+  BidArguments& arguments = invocation.bid;
+  CLI::App* bid = addCommand(app, "bid", "Say what a hand bids, and why", [&invocation] {
+    invocation.status = bidHands(invocation.bid, invocation.arguments.charts);
+  });
+  bid->add_option(
+         "HAND", arguments.hand,
+         "A hand (AQ85.KJ7.KQ4.J62, spades first), a deal (\"N:… … … …\"), a file of deals "
+         "(.pbn, .lin), or - for hands from standard input")
+      ->required();
+  bid->add_option(
+      "CHART", arguments.chart,
+      "A flowchart's name or title, or a source (NAME.yaml); without it, the one that is "
+      "for the auction and the hand");
+  defineTable(*bid, arguments.table);
+  bid->add_flag("--explain", arguments.isExplained, "Print the commentary of each box too");
+  bid->add_flag("--json", arguments.asJson,
+                "Print all of it as JSON; of many hands, one line each");
+  bid->footer(
+      "From standard input come hands, one a line, or a file of deals; each has a line of the\n"
+      "output, with tabs between call, hand, charts and answers. Of a deal it is the hand of the\n"
+      "player who calls next, or of --seat.\n"
+      "\n"
+      "Exit status: 0 every hand has its call; 2 something can't be read, or no chart, or more "
+      "than\n"
+      "one, is for it; 3 a question takes judgement, and there is no terminal to ask on.");
 }
 
 void define(CLI::App& app, Invocation& invocation) {
@@ -185,6 +234,7 @@ void define(CLI::App& app, Invocation& invocation) {
   defineCompile(app, invocation);
   defineCheck(app, invocation);
   defineDraw(app, invocation);
+  defineBid(app, invocation);
   defineProve(app, invocation);
 }
 
@@ -192,8 +242,9 @@ void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
   throw Failure(
-      "list, intro, walk, compile, check, draw or prove must stand here; 'tavrel --help' shows the "
-      "usage");
+      "list, intro, walk, compile, check, draw, bid or prove must stand here; 'tavrel --help' "
+      "shows "
+      "the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {
