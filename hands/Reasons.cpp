@@ -329,9 +329,12 @@ std::vector<Reason> reasonsOf(const std::string& expression, Evaluation& evaluat
 
 std::string shown(const std::vector<Reason>& reasons) {
   std::string all;
-  for (const Reason& reason : reasons) {
+  for (std::size_t i = 0; i < reasons.size(); ++i) {
+    const Reason& reason = reasons[i];
     append(all, reasons.size() == 1 ? reason.brief : reason.text, ", ");
-    if (!reason.detail.empty()) all += " (" + reason.detail + ")";
+    // What several in a row have in common stands behind the last of them.
+    const bool isLast = i + 1 == reasons.size() || reasons[i + 1].detail != reason.detail;
+    if (isLast && !reason.detail.empty()) all += " (" + reason.detail + ")";
   }
   return all;
 }

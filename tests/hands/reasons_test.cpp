@@ -38,6 +38,12 @@ TEST(Reasons, NameTheUnitWhereThereAreSeveral) {
             "not semibalanced (5-4-3-1), 5 spades (AQ853)");
 }
 
+TEST(Reasons, SayOnceHowSeveralInARowComeAbout) {
+  EXPECT_EQ(reasons("hcp + longest + second >= 20", "AQ853.KJ7.KQ42.2"),
+            "15 HCP (A4 Q2 K3 J1 K3 Q2), 5 cards in the longest suit, 4 cards in the second suit "
+            "(5-4-3-1)");
+}
+
 struct Case {
   const char* expression;
   const char* said;
