@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "authoring/Compiler.h"
+#include "authoring/ConditionCheck.h"
 #include "authoring/FvReader.h"
 #include "authoring/MeaningCheck.h"
 #include "authoring/NumberLine.h"
@@ -172,6 +173,7 @@ void checkSource(const SourceFile& file, const Catalogue& catalogue, CheckedChar
   if (hasNames) checkFileName(*source, file.name(), checked.found);
   const ReadChart chart = readChartOf(*source, file);
   checkTexts(chart, catalogue, checked);
+  checkConditions(*source, checked.found);
   if (!isWhole) return checkBoxes(chart, checked.found);
   checkWays(chart, checked.found);
 }

@@ -1,5 +1,7 @@
 #include "authoring/ChartSource.h"
 
+#include <algorithm>
+
 #include "authoring/InShort.h"
 
 namespace tavrel::authoring {
@@ -19,6 +21,12 @@ ChartGraph ChartSource::graph() const {
     graph.boxes.push_back({box.exits, box.turn, box.isTurnFixed});
   }
   return graph;
+}
+
+bool ChartSource::saysOfHands() const {
+  return hasApplies || std::any_of(boxes.begin(), boxes.end(), [](const SourceBox& box) {
+           return box.when || box.asksJudgement || !box.calls.empty();
+         });
 }
 
 }  // namespace tavrel::authoring

@@ -1,7 +1,7 @@
 #include "authoring/Diagnostic.h"
 
 #include <algorithm>
-#include <initializer_list>
+#include <iterator>
 #include <string_view>
 
 #include "text/Text.h"
@@ -54,11 +54,35 @@ Excerpt excerptOf(const SourceFile& file, Place place) {
   return {text, before};
 }
 
-// The codes with the numbers of these ranges, both ends among them.
-std::vector<Code> codesFrom(std::initializer_list<std::pair<int, int>> ranges) {
+// Codes whose numbers follow each other, both ends among them.
+struct Range {
+  Code first, last;
+  Severity severity;
+};
+
+constexpr Range ranges[] = {
+    {Code::tooLarge, Code::directive, Severity::error},
+    {Code::notAMap, Code::emptyText, Severity::error},
+    {Code::noWayBack, Code::tooManyCells, Severity::error},
+    {Code::repeated, Code::repeated, Severity::note},
+    {Code::fileNotUtf8, Code::byteOrderMarkInFile, Severity::error},
+    {Code::rootElsewhere, Code::tooLargeToDraw, Severity::error},
+    {Code::oneExit, Code::noEnd, Severity::warning},
+    {Code::pathsNotSearched, Code::pathsNotSearched, Severity::note},
+    {Code::linkWithoutFile, Code::linkWithoutFile, Severity::warning},
+    {Code::nobodyLinks, Code::nobodyLinks, Severity::note},
+    {Code::emptyExpression, Code::callsBehindSure, Severity::error},
+    {Code::questionWithoutCondition, Code::endWithoutCall, Severity::warning},
+    {Code::badExpression, Code::callNotAllowed, Severity::error},
+};
+
+std::vector<Code> codesOfRanges() {
   std::vector<Code> codes;
-  for (const auto& [first, last] : ranges) {
-    for (int code = first; code <= last; ++code) codes.push_back(static_cast<Code>(code));
+  for (const Range& range : ranges) {
+    const int last = static_cast<int>(range.last);
+    for (int code = static_cast<int>(range.first); code <= last; ++code) {
+      codes.push_back(static_cast<Code>(code));
+    }
   }
   return codes;
 }
@@ -82,16 +106,14 @@ std::string nameOf(Code code) {
 }
 
 const std::vector<Code>& allCodes() {
-  static const std::vector<Code> codes = codesFrom(
-      {{101, 127}, {201, 210}, {301, 303}, {401, 415}, {501, 509}, {601, 617}, {701, 702}});
+  static const std::vector<Code> codes = codesOfRanges();
   return codes;
 }
 
 Severity severityOf(Code code) {
-  if (code == Code::repeated || code == Code::pathsNotSearched || code == Code::nobodyLinks) {
-    return Severity::note;
-  }
-  return code >= Code::oneExit ? Severity::warning : Severity::error;
+  const auto* const range = std::find_if(std::begin(ranges), std::end(ranges),
+                                         [code](const Range& each) { return code <= each.last; });
+  return range == std::end(ranges) ? Severity::error : range->severity;
 }
 
 void Diagnostics::add(Code code, Place place, std::string text, std::string cure) {

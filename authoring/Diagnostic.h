@@ -22,7 +22,8 @@ const char* nameOf(Severity severity);
 
 /// What can be found. A number never changes its meaning, and is never used again. Of each
 /// hundred: 1 the text of a source, 2 its meaning, 3 its drawing, 4 the file of a chart, 5 its
-/// way, 6 what readers make of it, 7 charts together. docs/diagnostics.md has a section for each.
+/// way, 6 what readers make of it, 7 charts together, 8 hands. docs/diagnostics.md has a section
+/// for each.
 enum class Code : std::uint16_t {
   tooLarge = 101,
   notUtf8 = 102,
@@ -113,6 +114,33 @@ enum class Code : std::uint16_t {
 
   linkWithoutFile = 701,
   nobodyLinks = 702,
+
+  emptyExpression = 801,
+  conditionAtEnd = 802,
+  callAtQuestion = 803,
+  twoConditions = 804,
+  neverOfNoAnswer = 805,
+  nextWithoutChart = 806,
+  callsBehindSure = 807,
+
+  questionWithoutCondition = 820,
+  endWithoutCall = 821,
+
+  badExpression = 830,
+  foreignSpelling = 831,
+  singleEqualsSign = 832,
+  rangeSpelledOtherwise = 833,
+  commaOutside = 834,
+  unknownName = 835,
+  argumentCount = 836,
+  wrongKind = 837,
+  wrongValue = 838,
+  expressionTooLarge = 839,
+  unknownCall = 840,
+  badPattern = 841,
+  impossibleAuction = 842,
+  tooManyAuctions = 843,
+  callNotAllowed = 844,
 };
 
 /// Every code there is, in the order of their numbers.

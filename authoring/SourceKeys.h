@@ -9,10 +9,11 @@
 
 namespace tavrel::authoring {
 
-inline constexpr std::array<std::string_view, 7> chartKeys = {"chart", "intro", "start", "entry",
-                                                              "turn",  "width", "boxes"};
-inline constexpr std::array<std::string_view, 7> boxKeys = {"text",  "comment", "yes", "no",
-                                                            "chart", "turn",    "id"};
+inline constexpr std::array<std::string_view, 8> chartKeys = {"chart", "intro", "start",   "entry",
+                                                              "turn",  "width", "applies", "boxes"};
+inline constexpr std::array<std::string_view, 14> boxKeys = {
+    "text", "comment", "yes",   "no",      "chart", "turn",  "when",
+    "asks", "call",    "shows", "forcing", "next",  "never", "id"};
 
 inline bool isChartKey(std::string_view word) {
   return std::find(chartKeys.begin(), chartKeys.end(), word) != chartKeys.end();
@@ -26,6 +27,14 @@ inline bool isBoxKey(std::string_view word) {
 inline bool isTextKey(std::string_view word) {
   return word == "text" || word == "comment" || word == "intro";
 }
+
+/// Whether the key has an expression, or the calls of an auction: no sign in it is a remark's.
+inline bool isExpressionKey(std::string_view word) {
+  return word == "when" || word == "shows" || word == "hand" || word == "auction";
+}
+
+/// Whether the key may have a list.
+inline bool isListKey(std::string_view word) { return word == "call" || word == "auction"; }
 
 }  // namespace tavrel::authoring
 

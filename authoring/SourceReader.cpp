@@ -9,15 +9,15 @@
 #include <utility>
 
 #include "authoring/BoxLines.h"
+#include "authoring/HandKeys.h"
 #include "authoring/InShort.h"
 #include "authoring/Invisible.h"
 #include "authoring/SourceKeys.h"
+#include "authoring/SourceValues.h"
 #include "authoring/SwallowedKeys.h"
 #include "authoring/Yaml.h"
 #include "authoring/YamlTraps.h"
 #include "authoring/YamlTypes.h"
-#include "text/NearMiss.h"
-#include "text/Utf8.h"
 
 namespace tavrel::authoring {
 namespace {
@@ -28,17 +28,6 @@ using Style = YamlValue::Style;
 constexpr const char* aChart = "a chart";
 
 constexpr int narrowest = 8, widest = 80;
-
-const char* nameOf(Kind kind) {
-  switch (kind) {
-    case Kind::map:
-      return "a map";
-    case Kind::list:
-      return "a list";
-    default:
-      return "a text";
-  }
-}
 
 bool isIdCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
@@ -63,25 +52,6 @@ bool mayHoldBoxes(const std::string& key) {
   return key == "boxes" || key == "yes" || key == "no" || !(isChartKey(key) || isBoxKey(key));
 }
 
-// What a reader of YAML takes a plain word for, if it isn't a text.
-const char* otherTypeOf(const YamlValue& value) {
-  if (value.kind != Kind::text || value.style != Style::plain) return nullptr;
-  if (booleanIn(value.text)) return "true or false";
-  return isNumber(value.text) ? "a number" : nullptr;
-}
-
-// A word as it looks.
-std::string withoutInvisible(std::string word) {
-  while (const auto invisible = firstInvisible(word)) {
-    std::size_t end = invisible->offset + 1;
-    while (end < word.size() && isContinuation(word[end])) ++end;
-    word.erase(invisible->offset, end - invisible->offset);
-  }
-  return word;
-}
-
-bool isRemark(std::string_view key) { return key.substr(0, 2) == "//"; }
-
 // The id that an author may have meant.
 std::string mendedId(std::string id) {
   for (char& c : id) c = c == '_' || c == ' ' ? '-' : c;
@@ -99,7 +69,7 @@ std::string inBraces(const std::string& text) {
 class Reader {
  public:
   Reader(const SourceFile& file, const Catalogue& catalogue, Diagnostics& found)
-      : file_(file), catalogue_(catalogue), found_(found) {}
+      : file_(file), catalogue_(catalogue), found_(found), values_(file, found) {}
 
   std::optional<ChartSource> read() {
     const std::optional<YamlValue> document = readYaml(file_, found_);
@@ -116,49 +86,17 @@ class Reader {
   }
 
  private:
-  // What to do with the value of a key. One table says which keys there are and reads them, so
-  // that messages can't name others.
-  struct Key {
+  // What to do with the value of a key of the chart, or of a box.
+  struct ChartKey {
     const char* name;
-    std::function<void(const YamlEntry&)> read;
+    void (Reader::*read)(const YamlEntry& entry);
+  };
+  struct BoxKey {
+    const char* name;
+    void (Reader::*read)(BoxNumber box, const YamlEntry& entry);
   };
 
-  bool is(Kind kind, const YamlEntry& entry, const std::string& wanted, const std::string& cure) {
-    if (entry.value.kind == kind) return true;
-    found_.add(Code::wrongType, entry.value.place,
-               inShort(entry.key) + " is " + nameOf(entry.value.kind) + ", and has to be " + wanted,
-               cure);
-    return false;
-  }
-
-  // Whether it is a text to every reader of YAML, such as those that editors have.
-  bool isText(const YamlEntry& entry, const std::string& wanted, const std::string& cure) {
-    if (!is(Kind::text, entry, wanted, cure)) return false;
-    const char* const type = otherTypeOf(entry.value);
-    if (type == nullptr) return true;
-    found_.add(Code::wrongType, entry.value.place,
-               entry.key + " is " + type + " to YAML, and has to be " + wanted,
-               "put it in double quotes");
-    return false;
-  }
-
-  // Returns the keys that unknown ones are likely to be.
-  std::vector<std::string> readEntries(const YamlValue& map, const std::vector<Key>& keys,
-                                       const std::string& where) {
-    std::vector<std::string> meant;
-    for (const YamlEntry& entry : map.entries) {
-      const auto key = std::find_if(keys.begin(), keys.end(),
-                                    [&](const Key& each) { return each.name == entry.key; });
-      if (key != keys.end()) {
-        key->read(entry);
-      } else {
-        meant.push_back(unknownKey(entry, keys, where));
-      }
-    }
-    return meant;
-  }
-
-  std::string unknownKey(const YamlEntry& entry, const std::vector<Key>& keys,
+  std::string unknownKey(const YamlEntry& entry, const std::vector<std::string>& keys,
                          const std::string& where) {
     if (entry.value.kind == Kind::map) hasAllBoxes_ = false;
     if (where == aChart && entry.value.has("text") && !firstInvisible(entry.key)) {
@@ -167,54 +105,7 @@ class Reader {
                  "indent it like the ids of the other boxes");
       return "";
     }
-    std::string known;
-    std::vector<std::string> names;
-    for (const Key& each : keys) {
-      known += (known.empty() ? "" : ", ") + std::string(each.name);
-      names.emplace_back(each.name);
-    }
-    const std::string near = nearest(withoutInvisible(entry.key), names);
-    if (saysInvisible(entry.key, entry.place)) return near;
-    std::string cure = (near.empty() ? "it may have " : "did you mean " + near + "? It may have ");
-    cure += known;
-    if (isRemark(entry.key)) cure = "write # before a remark";
-    if (entry.key == "id") cure = "its id is the word before its colon";
-    found_.add(Code::unknownKey, entry.place, where + " has no " + inShort(entry.key), cure);
-    return near;
-  }
-
-  // --- slips ----------------------------------------------------------------------
-
-  // The name that is nearest to a word, or of which the word is a longer form; empty for none.
-  std::string nearest(const std::string& word, const std::vector<std::string>& names) {
-    constexpr std::size_t longest = 40;
-    if (word.size() > longest) return "";
-    NearMiss miss(word);
-    std::string best;
-    for (const std::string& name : names) {
-      if (comparisonsLeft_ == 0) break;
-      --comparisonsLeft_;
-      if (name.empty() || name.size() > longest) continue;
-      if (miss.improvesWith(name)) best = name;
-    }
-    if (!best.empty()) return best;
-    const auto longer = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
-      return name.size() > 3 && word.compare(0, name.size(), name) == 0;
-    });
-    return longer == names.end() ? "" : *longer;
-  }
-
-  // Says that something in a word can't be seen.
-  bool saysInvisible(const std::string& word, Place place) {
-    const auto invisible = firstInvisible(word);
-    if (!invisible) return false;
-    // The word may have begun on a line before, or an escape may stand for the character.
-    const std::size_t begin = file_.offsetOf(place);
-    const auto written = firstInvisible(file_.bytes().substr(begin, word.size() + 1));
-    found_.add(Code::invisibleCharacter, written ? file_.placeOf(begin + written->offset) : place,
-               std::string(invisible->name) + " stands here",
-               "take it away, and write a blank if one is wanted");
-    return true;
+    return values_.sayUnknownKey(entry, keys, where);
   }
 
   // --- keys that are indented like a text -----------------------------------------
@@ -230,7 +121,8 @@ class Reader {
   // In a comment such a line may as well be a sentence.
   bool isMeantAsKey(const SwallowedKey& it) const {
     if (it.key == "chart") return isInCatalogue(std::string(it.value));
-    if (it.key != "yes" && it.key != "no") return true;
+    if (it.key == "text" || it.key == "comment") return true;
+    if (it.key != "yes" && it.key != "no") return isMeantAsHandKey(it.key, it.value);
     return it.isBraced() || numbers_.count(std::string(it.value)) > 0;
   }
 
@@ -248,6 +140,9 @@ class Reader {
     if (hasLost && document.find("intro") == nullptr) chart_.hasSureIntro = false;
     noteLosses(document);
     sayWhatIsMissing(document, meant);
+    for (const SwallowedKey& it : swallowedKeys(file_, document, {"applies"})) {
+      if (isMeantAsHandKey(it.key, it.value)) saySwallowed(it);
+    }
     if (boxes_ != nullptr) {
       readBoxes(*boxes_);
     } else {
@@ -287,22 +182,29 @@ class Reader {
   // Boxes are read last: their texts are broken by the width, and their turns are the chart's,
   // wherever these stand.
   std::vector<std::string> readSettings(const YamlValue& document) {
-    const std::vector<Key> keys = {
-        {"chart", [this](const YamlEntry& entry) { readChartName(entry); }},
-        {"intro", [this](const YamlEntry& entry) { readIntro(entry); }},
-        {"start", [this](const YamlEntry& entry) { readStart(entry); }},
-        {"entry", [this](const YamlEntry& entry) { readIsEntry(entry); }},
-        {"turn", [this](const YamlEntry& entry) { turn_ = readTurn(entry, turn_); }},
-        {"width", [this](const YamlEntry& entry) { readWidth(entry); }},
-        {"boxes",
-         [this](const YamlEntry& entry) {
-           if (is(Kind::map, entry, "a map of boxes by their ids",
-                  "write the boxes below it, each with its id and a colon")) {
-             boxes_ = &entry.value;
-           }
-         }},
+    static const std::vector<ChartKey> keys = {
+        {"chart", &Reader::readChartName}, {"intro", &Reader::readIntro},
+        {"start", &Reader::readStart},     {"entry", &Reader::readIsEntry},
+        {"turn", &Reader::readTurns},      {"width", &Reader::readWidth},
+        {"applies", &Reader::readApplies}, {"boxes", &Reader::noteBoxes},
     };
-    return readEntries(document, keys, aChart);
+    return readEntries(
+        document, keys,
+        [this](const ChartKey& key, const YamlEntry& entry) { (this->*key.read)(entry); },
+        [this](const YamlEntry& entry, const std::vector<std::string>& names) {
+          return unknownKey(entry, names, aChart);
+        });
+  }
+
+  void readTurns(const YamlEntry& entry) { turn_ = readTurn(entry, turn_); }
+
+  void readApplies(const YamlEntry& entry) { hands_.readApplies(entry, chart_); }
+
+  void noteBoxes(const YamlEntry& entry) {
+    if (values_.is(Kind::map, entry, "a map of boxes by their ids",
+                   "write the boxes below it, each with its id and a colon")) {
+      boxes_ = &entry.value;
+    }
   }
 
   bool isInCatalogue(const std::string& name) const {
@@ -310,7 +212,7 @@ class Reader {
   }
 
   bool isName(const YamlEntry& entry) {
-    return isText(entry, "the name of a chart", "write one name");
+    return values_.isText(entry, "the name of a chart", "write one name");
   }
 
   void sayUnknownChart(const YamlValue& name) {
@@ -334,7 +236,7 @@ class Reader {
   }
 
   void readStart(const YamlEntry& entry) {
-    if (isText(entry, "the id of a box", "write the id of one that stands below boxes"))
+    if (values_.isText(entry, "the id of a box", "write the id of one that stands below boxes"))
       start_ = &entry.value;
   }
 
@@ -377,34 +279,13 @@ class Reader {
 
   // --- texts --------------------------------------------------------------------
 
-  // Whether a text is one that YAML reads as its author wrote it.
-  bool isSafe(const YamlEntry& entry) {
-    if (!is(Kind::text, entry, "a text", quoteIt)) return false;
-    const YamlValue& value = entry.value;
-    if (value.isInFlow && value.style != Style::doubleQuoted) {
-      found_.add(Code::unquotedInBraces, value.place, wantsDoubleQuotes, quoteCureFor(value.text));
-      return false;
-    }
-    return value.style == Style::plain ? isText(entry, "a text", quoteIt) : hasNoControls(value);
-  }
-
-  // The reader of YAML makes bytes that are no UTF-8 of some escapes.
-  bool hasNoControls(const YamlValue& value) {
-    const bool isUtf8 = firstThatIsNotUtf8(value.text) == std::string_view::npos;
-    if (isUtf8 && !hasControl(value.text)) return true;
-    found_.add(Code::controlCharacter, value.place,
-               "an escape in this text stands for a character that no text may hold",
-               "take it away");
-    return false;
-  }
-
   SourceText paragraphs(const YamlEntry& entry) {
-    if (!isSafe(entry)) return {};
+    if (!values_.isSafeText(entry)) return {};
     return {entry.value.place, paragraphLines(withSuits(entry.value.text))};
   }
 
   SourceText textOfBox(const YamlEntry& entry) {
-    if (!isSafe(entry)) return {};
+    if (!values_.isSafeText(entry)) return {};
     SourceText text = {entry.value.place, boxLines(withSuits(entry.value.text), width_)};
     if (text.lines.empty()) {
       found_.add(Code::emptyText, entry.value.place, "the text of a box is empty",
@@ -447,7 +328,7 @@ class Reader {
                  ? entry.key + " belongs to the chart: write no blanks before it"
                  : "write " + inShort(entry.key) + ": " + inBraces(entry.value.text);
     }
-    return is(Kind::map, entry, "a map of what the box has", cure);
+    return values_.is(Kind::map, entry, "a map of what the box has", cure);
   }
 
   // A box that stands inline has its id among its keys, if it has one.
@@ -457,34 +338,79 @@ class Reader {
     at(number).place = place;
     at(number).turn = turn_;
     if (id != nullptr) nameBox(number, *id, place);
-    std::vector<Key> keys = {
-        {"text", [&](const YamlEntry& entry) { at(number).text = textOfBox(entry); }},
-        {"comment", [&](const YamlEntry& entry) { at(number).comment = paragraphs(entry); }},
-        {"yes", [&](const YamlEntry& entry) { readExit(number, Answer::yes, entry); }},
-        {"no", [&](const YamlEntry& entry) { readExit(number, Answer::no, entry); }},
-        {"chart", [&](const YamlEntry& entry) { readLink(number, entry); }},
-        {"turn",
-         [&](const YamlEntry& entry) {
-           at(number).turn = readTurn(entry, turn_);
-           at(number).isTurnFixed = true;
-         }},
-    };
-    if (id == nullptr)
-      keys.push_back({"id", [&](const YamlEntry& entry) { readId(number, entry); }});
     const std::size_t errorsBefore = errorsOutsideInlineBoxes();
-    const std::vector<std::string> meant = readEntries(map, keys, "a box");
+    const std::vector<std::string> meant = readKeys(number, map, id == nullptr);
     noteLosses(map);
     noteSwallowed(number, map);
-    const bool isMeant = std::find(meant.begin(), meant.end(), "text") != meant.end() ||
-                         !swallowedKeys(file_, map, {"text"}).empty();
-    if (!map.has("text") && !isMeant && !map.isCutShort) {
+    const auto isMissing = [&](const char* key) { return isLeftOut(key, map, meant); };
+    if (isMissing("text")) {
       found_.add(Code::missingKey, place, "the box has no text",
                  "add a line that begins with \"text:\"");
     }
+    hands_.checkTogether(map, std::ref(isMissing));
     const bool isSound = errorsOutsideInlineBoxes() == errorsBefore && map.dropped.empty() &&
                          map.doubled.empty() && !map.isCutShort;
-    if (!isSound) at(number).hasSureTexts = at(number).hasSureExits = false;
+    if (!isSound) {
+      at(number).hasSureTexts = at(number).hasSureExits = at(number).hasSureHands = false;
+    }
     return number;
+  }
+
+  // Whether nobody has written a key, nor one that is likely to be meant for it.
+  bool isLeftOut(const char* key, const YamlValue& map,
+                 const std::vector<std::string>& meant) const {
+    return !map.has(key) && !map.isCutShort &&
+           std::find(meant.begin(), meant.end(), key) == meant.end() &&
+           swallowedKeys(file_, map, {key}).empty();
+  }
+
+  // An inline box has its id among its keys.
+  std::vector<std::string> readKeys(BoxNumber number, const YamlValue& map, bool isInline) {
+    static const std::vector<BoxKey> usual = {
+        {"text", &Reader::readText},
+        {"comment", &Reader::readComment},
+        {"yes", &Reader::readYes},
+        {"no", &Reader::readNo},
+        {"chart", &Reader::readLink},
+        {"turn", &Reader::readTurnOfBox},
+        {"when", &Reader::readOfHand<&HandKeys::readWhen>},
+        {"asks", &Reader::readOfHand<&HandKeys::readAsks>},
+        {"call", &Reader::readOfHand<&HandKeys::readCall>},
+        {"shows", &Reader::readOfHand<&HandKeys::readShows>},
+        {"forcing", &Reader::readOfHand<&HandKeys::readForcing>},
+        {"next", &Reader::readOfHand<&HandKeys::readNext>},
+        {"never", &Reader::readOfHand<&HandKeys::readNever>},
+    };
+    static const std::vector<BoxKey> ofInline = [] {
+      std::vector<BoxKey> keys = usual;
+      keys.push_back({"id", &Reader::readId});
+      return keys;
+    }();
+    return readEntries(
+        map, isInline ? ofInline : usual,
+        [&](const BoxKey& key, const YamlEntry& entry) { (this->*key.read)(number, entry); },
+        [this](const YamlEntry& entry, const std::vector<std::string>& names) {
+          return unknownKey(entry, names, "a box");
+        });
+  }
+
+  void readText(BoxNumber number, const YamlEntry& entry) { at(number).text = textOfBox(entry); }
+
+  void readComment(BoxNumber number, const YamlEntry& entry) {
+    at(number).comment = paragraphs(entry);
+  }
+
+  void readYes(BoxNumber number, const YamlEntry& entry) { readExit(number, Answer::yes, entry); }
+  void readNo(BoxNumber number, const YamlEntry& entry) { readExit(number, Answer::no, entry); }
+
+  void readTurnOfBox(BoxNumber number, const YamlEntry& entry) {
+    at(number).turn = readTurn(entry, turn_);
+    at(number).isTurnFixed = true;
+  }
+
+  template <void (HandKeys::*read)(const YamlEntry& entry, SourceBox& box)>
+  void readOfHand(BoxNumber number, const YamlEntry& entry) {
+    (hands_.*read)(entry, at(number));
   }
 
   SourceBox& at(BoxNumber number) { return chart_.boxes[static_cast<std::size_t>(number)]; }
@@ -506,7 +432,7 @@ class Reader {
     lostIds_.insert({id, seen, mended});
     constexpr std::size_t mostBad = 100;  // more of them would take their time
     if (badIds_.size() < mostBad) badIds_.push_back(seen);
-    if (saysInvisible(id, place)) return;
+    if (values_.saysInvisible(id, place)) return;
     found_.add(Code::badId, place,
                id.empty() ? "an id has at least one letter or digit"
                           : "an id has letters from a to z, digits and hyphens alone",
@@ -514,7 +440,7 @@ class Reader {
   }
 
   void readId(BoxNumber number, const YamlEntry& entry) {
-    if (isText(entry, "an id", "write a word"))
+    if (values_.isText(entry, "an id", "write a word"))
       nameBox(number, entry.value.text, entry.value.place);
   }
 
@@ -546,8 +472,8 @@ class Reader {
     if (entry.value.kind == Kind::map) {
       const BoxNumber next = readInlineBox(entry.value);
       at(number).exits[answer] = next;
-    } else if (isText(entry, "the id of a box, or a box",
-                      "write the id alone, or the box between braces")) {
+    } else if (values_.isText(entry, "the id of a box, or a box",
+                              "write the id alone, or the box between braces")) {
       references_.push_back({number, answer, &entry.value});
     } else if (entry.value.kind == Kind::list) {
       hasAllBoxes_ = false;
@@ -555,7 +481,10 @@ class Reader {
   }
 
   void noteSwallowed(BoxNumber number, const YamlValue& map) {
-    for (SwallowedKey& it : swallowedKeys(file_, map, {"text", "comment", "yes", "no", "chart"})) {
+    static const std::vector<std::string_view> ownKeys = {"text",  "comment", "yes",  "no",
+                                                          "chart", "when",    "asks", "call",
+                                                          "shows", "forcing", "next", "never"};
+    for (SwallowedKey& it : swallowedKeys(file_, map, ownKeys)) {
       swallowed_.emplace_back(number, std::move(it));
     }
   }
@@ -565,7 +494,7 @@ class Reader {
     for (const auto& [box, it] : swallowed_) {
       if (!isMeantAsKey(it)) continue;
       saySwallowed(it);
-      at(box).hasSureTexts = at(box).hasSureExits = false;
+      at(box).hasSureTexts = at(box).hasSureExits = at(box).hasSureHands = false;
     }
     for (const Reference& reference : references_) {
       const BoxNumber exit = numberOf(*reference.id);
@@ -583,7 +512,7 @@ class Reader {
     }
     const auto found = numbers_.find(id.text);
     if (found != numbers_.end()) return found->second;
-    if (!saysInvisible(id.text, id.place) && hasAllBoxes_ && !isLost(id.text)) {
+    if (!values_.saysInvisible(id.text, id.place) && hasAllBoxes_ && !isLost(id.text)) {
       found_.add(Code::unknownId, id.place, "no box has the id " + inShort(id.text),
                  cureOf(id.text));
     }
@@ -592,15 +521,15 @@ class Reader {
 
   // Whether it is the id of a box that has an error in it, or is meant to be.
   bool isLost(const std::string& id) {
-    return lostIds_.count(id) > 0 || !nearest(id, badIds_).empty();
+    return lostIds_.count(id) > 0 || !values_.nearest(id, badIds_).empty();
   }
 
   std::string cureOf(const std::string& unknownId) {
     std::vector<std::string> ids;
-    for (std::size_t i = 0; i < chart_.boxes.size() && i < comparisonsLeft_; ++i) {
+    for (std::size_t i = 0; i < chart_.boxes.size() && i < values_.comparisonsLeft(); ++i) {
       ids.push_back(chart_.boxes[i].id);
     }
-    const std::string near = nearest(unknownId, ids);
+    const std::string near = values_.nearest(unknownId, ids);
     if (!near.empty()) return "did you mean " + near + "?";
     const bool isText = !isId(unknownId) || (unknownId[0] >= 'A' && unknownId[0] <= 'Z');
     if (isText) return "for a box that stands here write " + inBraces(unknownId);
@@ -610,13 +539,14 @@ class Reader {
   const SourceFile& file_;
   const Catalogue& catalogue_;
   Diagnostics& found_;
+  SourceValues values_;
+  HandKeys hands_{values_, found_};
   ChartSource chart_;
   Turn turn_ = Turn::right;
   int width_ = usualWidth;
   const YamlValue* start_ = nullptr;
   const YamlValue* boxes_ = nullptr;
-  bool hasAllBoxes_ = true;                // none was left out, nobody knows with which id
-  std::size_t comparisonsLeft_ = 200'000;  // of words with ids, which would be a square of both
+  bool hasAllBoxes_ = true;  // none was left out, nobody knows with which id
   std::unordered_map<std::string, BoxNumber> numbers_;
   std::unordered_set<std::string> lostIds_;  // of boxes that were left out, or have bad ids
   std::vector<std::string> badIds_;          // some of them

@@ -30,7 +30,7 @@ struct YamlValue {
   std::vector<YamlEntry> entries;    ///< of a map, each key once, in the author's order
   std::vector<std::string> dropped;  ///< keys of a map that are left out, or whose values are
   std::vector<std::string> doubled;  ///< keys of a map that stand there again; the first is kept
-  bool isCutShort = false;           ///< more of a map was left out, and nobody knows what
+  bool isCutShort = false;           ///< more of a map or list was left out, and nobody knows what
   std::vector<YamlValue> items;      ///< of a list
 
   /// The entry of that key, nullptr for none.

@@ -302,8 +302,12 @@ void YamlBuilder::add(YamlValue value) {
 
 // Leaves out a value, or a key with its value. `text` is that of the key, if it is known.
 void YamlBuilder::drop(const std::string& text) {
-  if (open_.empty() || open_.back().value.kind == Kind::list) return;
+  if (open_.empty()) return;
   Open& map = open_.back();
+  if (map.value.kind == Kind::list) {
+    map.value.isCutShort = true;
+    return;
+  }
   if (!map.hasKey) {
     map.hasKey = map.isKeyDropped = map.value.isCutShort = true;
     if (!text.empty()) map.value.dropped.push_back(text);

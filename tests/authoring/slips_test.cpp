@@ -275,10 +275,11 @@ TEST(Slips, OfListsAndRemarks) {
 TEST(Slips, OfKeysAndIds) {
   EXPECT_EQ(saidWith("boxes:\n", ""), "7:3 T0203 write a line \"boxes:\" before this one");
   EXPECT_EQ(saidWith("text: Pass", "Text: Pass"),
-            "23:5 T0202 did you mean text? It may have text, comment, yes, no, chart, turn");
-  EXPECT_EQ(
-      saidWith("intro", "introduction"),
-      "2:1 T0202 did you mean intro? It may have chart, intro, start, entry, turn, width, boxes");
+            "23:5 T0202 did you mean text? It may have text, comment, yes, no, chart, turn, when, "
+            "asks, call, shows, forcing, next, never");
+  EXPECT_EQ(saidWith("intro", "introduction"),
+            "2:1 T0202 did you mean intro? It may have chart, intro, start, entry, turn, width, "
+            "applies, boxes");
   EXPECT_EQ(saidWith("no: weak", "no: waek"), "20:9 T0207 did you mean weak?");
   EXPECT_EQ(saidWith("no: weak", "no: Bid 3NT"),
             "20:9 T0207 for a box that stands here write {text: \"Bid 3NT\"}");
