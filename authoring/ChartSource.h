@@ -23,12 +23,6 @@ struct SourceText {
   std::vector<std::string> lines;
 };
 
-/// How long partner has to keep the auction open after a call.
-enum class Forcing : std::uint8_t { no, round, game };
-
-/// Whose hand goes on in the chart that a box leads into.
-enum class Next : std::uint8_t { self, partner };
-
 /// Another chart that a box leads into.
 struct SourceLink {
   Place place;
