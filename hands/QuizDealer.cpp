@@ -51,6 +51,10 @@ QuizDealer::QuizDealer(const HandChart& chart)
   }
 }
 
+BoxIndex QuizDealer::boxOf(std::size_t end) const {
+  return static_cast<BoxIndex>(std::find(ends_.begin(), ends_.end(), end) - ends_.begin());
+}
+
 // Gives the evaluation the question, and says whether the chart is for it.
 bool QuizDealer::sit(const QuizQuestion& question) {
   seated_ = question;

@@ -33,6 +33,9 @@ class QuizDealer {
   /// the chart doesn't say which auctions it is for.
   const std::vector<std::string>& ends() const { return names_; }
 
+  /// The first cell's box of an end. REQUIRES: end < ends().size().
+  BoxIndex boxOf(std::size_t end) const;
+
   /// A hand and a table for which the chart is, and which come to the end without anybody's
   /// judgement and make a call there that the laws allow. std::nullopt if none was found.
   /// REQUIRES: end < ends().size(). Cost: some 10,000 walks for a rare end, and 200,000 before it
@@ -42,7 +45,7 @@ class QuizDealer {
   /// Walks the hand, and returns the call that it makes; the walker shows the way.
   Call walk(const QuizQuestion& question);
 
-  const Walker& walker() const { return walker_; }
+  Walker& walker() { return walker_; }
 
  private:
   static constexpr std::size_t noEnd = static_cast<std::size_t>(-1);

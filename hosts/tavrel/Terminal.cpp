@@ -50,17 +50,7 @@ constexpr int pollMilliseconds = 100;
 // How long an Escape may be the start of a key's sequence.
 constexpr int escapeMilliseconds = 25;
 
-bool isColourWanted() {
-  const char* noColor = std::getenv("NO_COLOR");
-  return noColor == nullptr || *noColor == '\0';
-}
-
 short pairOf(Ink ink) { return static_cast<short>(static_cast<int>(ink) + 1); }
-
-void definePair(Ink ink, int manyColours, int fewColours) {
-  const int colour = COLORS >= 256 ? manyColours : fewColours;
-  init_pair(pairOf(ink), static_cast<short>(colour), -1);
-}
 
 Key keyOf(int code) {
   switch (code) {
@@ -118,6 +108,29 @@ bool isHungUp() {
 
 }  // namespace
 
+bool isColourWanted() {
+  const char* noColor = std::getenv("NO_COLOR");
+  return noColor == nullptr || *noColor == '\0';
+}
+
+int terminalColourOf(Ink ink, int colours) {
+  const bool areMany = colours >= 256;
+  switch (ink) {
+    case Ink::clubs:
+      return areMany ? 34 : COLOR_GREEN;
+    case Ink::diamonds:
+      return areMany ? 208 : COLOR_YELLOW;
+    case Ink::hearts:
+      return areMany ? 196 : COLOR_RED;
+    case Ink::spades:
+      return areMany ? 39 : COLOR_CYAN;
+    case Ink::link:
+      return areMany ? 135 : COLOR_MAGENTA;
+    default:
+      return -1;
+  }
+}
+
 bool Terminal::isUsable() {
   if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) return false;
   int status = 0;
@@ -156,13 +169,9 @@ void Terminal::defineColours() {
   hasColours_ = true;
   start_color();
   use_default_colors();
-  definePair(Ink::clubs, 34, COLOR_GREEN);
-  definePair(Ink::diamonds, 208, COLOR_YELLOW);
-  definePair(Ink::hearts, 196, COLOR_RED);
-  definePair(Ink::spades, 39, COLOR_CYAN);
-  definePair(Ink::link, 135, COLOR_MAGENTA);
-  for (const Ink ink : {Ink::blank, Ink::text, Ink::frame, Ink::line, Ink::label}) {
-    definePair(ink, -1, -1);
+  for (int ink = 0; ink <= static_cast<int>(Ink::spades); ++ink) {
+    const int colour = terminalColourOf(static_cast<Ink>(ink), COLORS);
+    init_pair(pairOf(static_cast<Ink>(ink)), static_cast<short>(colour), -1);
   }
 }
 

@@ -41,6 +41,12 @@ struct KeyPress {
   char character;  ///< for Key::character, in ASCII; 0 beyond it
 };
 
+/// Whether NO_COLOR is unset or empty.
+bool isColourWanted();
+
+/// The number of an ink's colour on a terminal with so many; -1 for that of its text.
+int terminalColourOf(Ink ink, int colours);
+
 /// Takes the terminal over for as long as it lives and gives it back as it was,
 /// also when a signal ends the program: EndingSignals notes it, keys are
 /// Key::interrupted from then on, and main raises it again at its end.

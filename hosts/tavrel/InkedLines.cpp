@@ -1,0 +1,90 @@
+#include "hosts/tavrel/InkedLines.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include "drawing/TextBox.h"
+#include "hosts/tavrel/Terminal.h"
+
+#define NCURSES_NOMACROS 1
+#include <curses.h>
+#include <term.h>
+
+namespace tavrel {
+namespace {
+
+// Of a terminal that doesn't say how wide it is.
+constexpr int usualWidth = 80;
+
+std::string stringOf(const char* capability) {
+  const char* sequence = tigetstr(capability);
+  const bool isThere = sequence != nullptr && sequence != reinterpret_cast<const char*>(-1);
+  return isThere ? sequence : "";
+}
+
+// The sequences that every terminal with colours knows.
+std::string colourSequence(int colour) {
+  const std::string number = std::to_string(colour);
+  return colour < 8 ? "\033[3" + number + "m" : "\033[38;5;" + number + "m";
+}
+
+constexpr const char* plainSequence = "\033[39m";
+
+}  // namespace
+
+InkedLines::InkedLines(std::ostream& out, Charset charset)
+    : out_(out), charset_(charset), isTerminal_(isatty(STDIN_FILENO) && isatty(STDOUT_FILENO)) {
+  int status = 0;
+  if (!isatty(STDOUT_FILENO) || setupterm(nullptr, STDOUT_FILENO, &status) != OK) return;
+  constexpr int fewColours = 8;
+  const int colours = tigetnum("colors");
+  if (isColourWanted() && colours >= fewColours) colours_ = colours;
+  if (isTerminal_) clear_ = stringOf("clear");
+  del_curterm(cur_term);
+}
+
+int InkedLines::width() const {
+  winsize size = {};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return usualWidth;
+  return size.ws_col;
+}
+
+std::string InkedLines::inked(std::string_view text) const {
+  std::string line;
+  for (const drawing::InkedGlyph& glyph : drawing::inked(text, Ink::text, charset_)) {
+    const int colour = colours_ == 0 ? -1 : terminalColourOf(glyph.ink, colours_);
+    line += colour < 0 ? glyph.glyph : colourSequence(colour) + glyph.glyph + plainSequence;
+  }
+  return line;
+}
+
+void InkedLines::line(std::string_view text) {
+  isEmpty_ = false;
+  if (!isTerminal_) {
+    out_ << inked(text) << '\n';
+    return;
+  }
+  for (const std::string& part : wrapped({std::string(text)}, width())) {
+    out_ << inked(part) << '\n';
+  }
+}
+
+void InkedLines::block(const std::vector<std::string>& all) {
+  for (const std::string& each : all) line(each);
+}
+
+void InkedLines::prompt(std::string_view text) {
+  isEmpty_ = false;
+  out_ << inked(text) << std::flush;
+}
+
+void InkedLines::newPage() {
+  if (!clear_.empty()) {
+    out_ << clear_;
+  } else if (!isEmpty_) {
+    out_ << '\n';
+  }
+  isEmpty_ = true;
+}
+
+}  // namespace tavrel
