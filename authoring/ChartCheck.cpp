@@ -162,7 +162,8 @@ void checkTexts(const ReadChart& chart, const Catalogue& catalogue, CheckedChart
 }
 
 // What is wrong in one box is no reason to keep silent about the others. Ways may lead through it.
-void checkSource(const SourceFile& file, const Catalogue& catalogue, CheckedChart& checked) {
+void checkSource(const SourceFile& file, const Catalogue& catalogue,
+                 const SourceCheck& furtherCheck, CheckedChart& checked) {
   const std::optional<ChartSource> source = readInPart(file, catalogue, checked.found);
   if (!source) return;
   const bool isWhole = !checked.found.hasErrors();
@@ -174,6 +175,7 @@ void checkSource(const SourceFile& file, const Catalogue& catalogue, CheckedChar
   const ReadChart chart = readChartOf(*source, file);
   checkTexts(chart, catalogue, checked);
   checkConditions(*source, checked.found);
+  if (furtherCheck) furtherCheck(*source, file, checked.found);
   if (!isWhole) return checkBoxes(chart, checked.found);
   checkWays(chart, checked.found);
 }
@@ -195,7 +197,8 @@ void checkFv(const SourceFile& file, const Catalogue& catalogue, CheckedChart& c
 
 }  // namespace
 
-CheckedChart checkChart(const SourceFile& file, const Catalogue& catalogue) {
+CheckedChart checkChart(const SourceFile& file, const Catalogue& catalogue,
+                        const SourceCheck& furtherCheck) {
   CheckedChart checked;
   const fs::path path = file.name();
   if (path.has_extension()) checked.name = path.stem().string();
@@ -203,7 +206,7 @@ CheckedChart checkChart(const SourceFile& file, const Catalogue& catalogue) {
   if (path.extension() == ".fv") {
     checkFv(file, catalogue, checked);
   } else {
-    checkSource(file, catalogue, checked);
+    checkSource(file, catalogue, furtherCheck, checked);
   }
   return checked;
 }

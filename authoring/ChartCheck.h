@@ -4,11 +4,13 @@
 #ifndef TAVREL_AUTHORING_CHARTCHECK_H
 #define TAVREL_AUTHORING_CHARTCHECK_H
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "authoring/ChartSource.h"
 #include "authoring/Diagnostic.h"
 #include "authoring/SourceFile.h"
 #include "authoring/SourceReader.h"
@@ -23,11 +25,16 @@ struct CheckedChart {
   Diagnostics found;
 };
 
+/// What is said of a source by those who understand more of it than authoring does.
+using SourceCheck =
+    std::function<void(const ChartSource& source, const SourceFile& file, Diagnostics& found)>;
+
 /// Checks a flowchart file, by its extension ".fv", or a source. The meaning of a source's ways is
 /// checked where there are no errors but of its drawing, that of its texts and boxes where they
 /// have none; that of a file's texts where they can be read, and that of its ways where they can be
-/// walked.
-CheckedChart checkChart(const SourceFile& file, const Catalogue& catalogue);
+/// walked. `furtherCheck` is asked about a source too, which may have been read in part.
+CheckedChart checkChart(const SourceFile& file, const Catalogue& catalogue,
+                        const SourceCheck& furtherCheck = {});
 
 /// Warns of links to charts that have no file among `there`.
 void checkLinks(CheckedChart& chart, const std::set<std::string>& there);

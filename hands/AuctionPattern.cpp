@@ -1,8 +1,6 @@
 #include "hands/AuctionPattern.h"
 
 #include <algorithm>
-#include <optional>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -16,9 +14,16 @@ using authoring::inShort;
 
 constexpr std::size_t longestPattern = 1000;  // in bytes
 constexpr int deepest = 10;                   // of groups in one another
-constexpr std::size_t mostSteps = 100 * mostAuctions;
+constexpr std::size_t mostPatterns = 100;
+constexpr std::size_t mostSteps = 30 * mostAuctions;
 
 using Auctions = std::vector<Auction>;
+
+// Each auction once, in the order in which they were added.
+struct Union {
+  Auctions auctions;
+  std::set<std::vector<Call>> known;
+};
 
 // Goes through a pattern and lengthens the auctions that stand for what is behind.
 class Reader {
@@ -57,8 +62,12 @@ class Reader {
   [[noreturn]] void failAtMark() const;
   [[noreturn]] void failWithoutCall() const;
   [[noreturn]] void failAtCall(std::string_view word) const;
-  void append(Auctions& all, std::set<std::vector<Call>>& known, const Auctions& more);
-  Auctions joined(const Auctions& some, const Auctions& others);
+  void add(const Auctions& auctions, Union& all);
+  void countSteps(std::size_t count);
+  [[noreturn]] static void failWithTooMany() {
+    fail(Code::tooManyAuctions, 0, "the pattern stands for more than 10,000 auctions",
+         "name the calls that matter");
+  }
 
   std::string_view pattern_;
   std::size_t at_ = 0;
@@ -72,7 +81,13 @@ Auctions Reader::sequence(const Auctions& before, int depth) {
     const char mark = pattern_[at_];
     if (mark == '|' || mark == ')' || mark == '?') break;
     Auctions longer = mark == '(' ? group(auctions, depth) : call(auctions);
-    auctions = take('?') ? joined(auctions, longer) : std::move(longer);
+    if (take('?')) {
+      Union both;
+      add(auctions, both);
+      add(longer, both);
+      longer = std::move(both.auctions);
+    }
+    auctions = std::move(longer);
   }
   return auctions;
 }
@@ -83,15 +98,15 @@ Auctions Reader::group(const Auctions& before, int depth) {
     fail(Code::badPattern, open, "parentheses stand in one another more than 10 deep",
          "write several patterns");
   }
-  Auctions all;
+  Union all;
   do {
     skipBlanks();
     const std::size_t start = at_;
     const Auctions more = sequence(before, depth + 1);
     if (at_ == start) failWithoutCall();
-    all = all.empty() ? more : joined(all, more);
+    add(more, all);
   } while (take('|'));
-  if (take(')')) return all;
+  if (take(')')) return std::move(all.auctions);
   if (at_ < pattern_.size()) failWithoutCall();
   fail(Code::badPattern, open, "this parenthesis is not closed", "write a ) where it ends");
 }
@@ -107,7 +122,8 @@ Auctions Reader::call(const Auctions& before) {
   }
   Auctions longer;
   for (const Auction& auction : before) longer.push_back(lengthened(auction, *call, start));
-  return joined(longer, {});
+  countSteps(longer.size());
+  return longer;
 }
 
 Auction Reader::lengthened(const Auction& auction, Call call, std::size_t offset) {
@@ -125,23 +141,18 @@ Auction Reader::lengthened(const Auction& auction, Call call, std::size_t offset
   return longer;
 }
 
-void Reader::append(Auctions& all, std::set<std::vector<Call>>& known, const Auctions& more) {
-  for (const Auction& auction : more) {
-    if (known.insert(auction.calls()).second) all.push_back(auction);
-    if (++steps_ > mostSteps || all.size() > mostAuctions) {
-      fail(Code::tooManyAuctions, 0, "the pattern stands for more than 10,000 auctions",
-           "name the calls that matter");
-    }
+void Reader::add(const Auctions& auctions, Union& all) {
+  countSteps(auctions.size());
+  for (const Auction& auction : auctions) {
+    if (all.known.insert(auction.calls()).second) all.auctions.push_back(auction);
   }
+  if (all.auctions.size() > mostAuctions) failWithTooMany();
 }
 
-// All of both, each once.
-Auctions Reader::joined(const Auctions& some, const Auctions& others) {
-  Auctions all;
-  std::set<std::vector<Call>> known;
-  append(all, known, some);
-  append(all, known, others);
-  return all;
+// The same auctions can be meant again and again, at a cost.
+void Reader::countSteps(std::size_t count) {
+  steps_ += count;
+  if (steps_ > mostSteps) failWithTooMany();
 }
 
 void Reader::checkEnds(const Auctions& all) const {
@@ -185,6 +196,25 @@ std::variant<std::vector<Auction>, Fault> auctionsOf(std::string_view pattern) {
                  "write several patterns"};
   }
   return Reader(pattern).read();
+}
+
+std::optional<Fault> PatternAuctions::add(std::string_view pattern) {
+  const auto areTooMany = [this] { return patterns_ > mostPatterns || auctions_ > mostAuctions; };
+  if (areTooMany()) return std::nullopt;
+  ++patterns_;
+  auto read = auctionsOf(pattern);
+  if (const auto* fault = std::get_if<Fault>(&read)) return *fault;
+  auto& auctions = std::get<std::vector<Auction>>(read);
+  auctions_ += auctions.size();
+  if (areTooMany()) {
+    return Fault{Code::tooManyAuctions, 0,
+                 "all patterns together stand for more than 10,000 auctions, or are more than 100",
+                 "name the calls that matter"};
+  }
+  for (Auction& auction : auctions) {
+    if (known_.insert(auction.calls()).second) all_.push_back(std::move(auction));
+  }
+  return std::nullopt;
 }
 
 }  // namespace tavrel::hands

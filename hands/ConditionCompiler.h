@@ -3,6 +3,8 @@
 #ifndef TAVREL_HANDS_CONDITIONCOMPILER_H
 #define TAVREL_HANDS_CONDITIONCOMPILER_H
 
+#include <optional>
+
 #include "authoring/ChartSource.h"
 #include "authoring/Compiler.h"
 #include "authoring/Diagnostic.h"
@@ -18,6 +20,12 @@ bool hasConditions(const authoring::ChartSource& source);
 /// read in part.
 void checkConditions(const authoring::ChartSource& source, const authoring::SourceFile& file,
                      authoring::Diagnostics& found);
+
+/// Compiles a source as authoring::compile() does, with everything in `found` that
+/// checkConditions() has to say too.
+std::optional<authoring::CompiledChart> compile(const authoring::SourceFile& file,
+                                                const authoring::Catalogue& catalogue,
+                                                authoring::Diagnostics& found);
 
 /// The conditions of a compiled chart. REQUIRES: checkConditions() found no error in its source.
 Conditions conditionsOf(const authoring::CompiledChart& chart);

@@ -151,14 +151,12 @@ BoxConditions boxIn(const Json& object) {
 }
 
 void readAuctions(const Json& value, Conditions& conditions) {
+  PatternAuctions auctions;
   for (const Json& pattern : list(value)) {
     conditions.patterns.push_back(textIn(pattern));
-    auto auctions = auctionsOf(conditions.patterns.back());
-    if (const auto* fault = std::get_if<Fault>(&auctions)) throw Unreadable{fault->text};
-    auto& all = std::get<std::vector<Auction>>(auctions);
-    conditions.auctions.insert(conditions.auctions.end(), std::make_move_iterator(all.begin()),
-                               std::make_move_iterator(all.end()));
+    if (const auto fault = auctions.add(conditions.patterns.back())) throw Unreadable{fault->text};
   }
+  conditions.auctions = auctions.all();
 }
 
 Conditions conditionsIn(const Json& file) {

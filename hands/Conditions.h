@@ -64,6 +64,9 @@ struct Conditions {
 /// accident; it is no protection against forgery.
 std::string digestOf(std::string_view flowchartFile);
 
+/// What every such file begins with.
+inline constexpr std::string_view conditionsStart = "{\n \"version\": ";
+
 /// The bytes of the file: JSON, the same for the same conditions.
 std::string conditionsFile(const Conditions& conditions);
 

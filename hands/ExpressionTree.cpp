@@ -17,6 +17,7 @@ using authoring::Code;
 using authoring::inShort;
 
 constexpr int deepest = 100;
+constexpr std::size_t mostUnknown = 10;  // names of which something is said: looking takes time
 
 // How firmly an operator binds; a prefix binds most firmly of all.
 enum Binding : int { choices, eithers, boths, comparisons, sums, products, prefixes };
@@ -102,6 +103,7 @@ class Parser {
   std::vector<Token> tokens_;
   std::size_t at_ = 0;
   int depth_ = 0;
+  std::size_t unknownNames_ = 0;
   bool hasUnknown_ = false, hasFailed_ = false;
   ExpressionTree nodes_;
 };
@@ -281,7 +283,7 @@ std::size_t Parser::readName() {
   if (known.function != nullptr) {
     fault(here.offset, Code::argumentCount, std::string(word) + " has no arguments here",
           "write it as in " + std::string(exampleOf(known.function->function)));
-  } else if (node.kind == NodeKind::unknown) {
+  } else if (node.kind == NodeKind::unknown && ++unknownNames_ <= mostUnknown) {
     fault(here.offset, Code::unknownName, "there is no name " + inShort(word), cureOfUnknown(word));
   }
   if (!isCalled) return put(std::move(node));

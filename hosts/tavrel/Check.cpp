@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "authoring/ChartCheck.h"
+#include "hands/ConditionCompiler.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/InputFile.h"
 #include "hosts/tavrel/Library.h"
@@ -87,7 +88,7 @@ class Findings {
     std::vector<CheckedChart> charts;
     for (const fs::path& path : paths) {
       if (!read(path, files)) continue;
-      charts.push_back(checkChart(files.back(), catalogue_));
+      charts.push_back(checkChart(files.back(), catalogue_, hands::checkConditions));
       const std::set<std::string>* names = path == "-" ? nullptr : namesFor(path);
       if (names != nullptr) checkLinks(charts.back(), *names);
     }

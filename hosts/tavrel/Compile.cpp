@@ -10,10 +10,11 @@
 #include <thread>
 
 #include "authoring/Compiler.h"
+#include "hands/ConditionCompiler.h"
+#include "hosts/tavrel/ChartFiles.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/InputFile.h"
 #include "hosts/tavrel/Library.h"
-#include "hosts/tavrel/OutputFile.h"
 
 namespace tavrel {
 namespace {
@@ -44,13 +45,14 @@ void refuseSame(const fs::path& source, const fs::path& destination) {
 bool compileOne(const fs::path& source, const std::optional<std::string>& output) {
   const Destination destination = destinationOf(source, output);
   refuseSame(source, destination.path);
+  refuseSame(source, conditionsBeside(destination.path));
   const SourceFile file = readInput(source);
   Diagnostics found;
-  const std::optional<CompiledChart> chart = compile(file, catalogueNames(), found);
+  const std::optional<CompiledChart> chart = hands::compile(file, catalogueNames(), found);
   if (chart && !destination.isChosen) checkFileName(chart->source, source.string(), found);
   for (const Diagnostic& diagnostic : found.sorted()) std::cerr << shown(diagnostic, file);
   if (!chart || found.hasErrors()) return false;
-  writeOutput(destination.path, chart->bytes);
+  writeChart(destination.path, *chart);
   return true;
 }
 

@@ -7,9 +7,10 @@
 #include <utility>
 
 #include "facade/Tavrel.h"
+#include "hands/ConditionCompiler.h"
+#include "hosts/tavrel/ChartFiles.h"
 #include "hosts/tavrel/InputFile.h"
 #include "hosts/tavrel/Library.h"
-#include "hosts/tavrel/OutputFile.h"
 
 namespace tavrel {
 namespace {
@@ -80,7 +81,7 @@ std::optional<CompiledChart> SourceCharts::compiled(const fs::path& source) {
   note(source);
   const SourceFile file = readInput(source);
   Diagnostics found;
-  std::optional<CompiledChart> chart = authoring::compile(file, catalogue_, found);
+  std::optional<CompiledChart> chart = hands::compile(file, catalogue_, found);
   tell(source, file, found);
   return chart;
 }
@@ -100,7 +101,7 @@ void SourceCharts::tell(const fs::path& source, const SourceFile& file, const Di
 
 void SourceCharts::write(CompiledChart chart) {
   const std::string name = chart.source.chart;
-  writeOutput(folder() / (name + ".fv"), chart.bytes);
+  writeChart(folder() / (name + ".fv"), chart);
   charts_.insert_or_assign(name, std::move(chart));
 }
 
@@ -136,6 +137,7 @@ bool SourceCharts::fetchFrom(const fs::path& folder, const std::string& name) {
     }
   }
   std::error_code failed;
+  fs::copy_file(folder / (name + ".when"), this->folder() / (name + ".when"), failed);
   return fs::copy_file(folder / (name + ".fv"), this->folder() / (name + ".fv"), failed);
 }
 
