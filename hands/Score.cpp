@@ -142,7 +142,10 @@ std::size_t Score::next(const std::vector<EndName>& ends, Random& random) const 
       rested.push_back(i);
     }
   }
-  for (const auto* some : {&missed, &unknown, &due, &rested}) {
+  const bool isForMissed = answers_ % 2 == 1;
+  if (isForMissed && !missed.empty()) return drawn(missed, random);
+  due.insert(due.end(), missed.begin(), missed.end());
+  for (const auto* some : {&unknown, &due, &rested}) {
     if (!some->empty()) return drawn(*some, random);
   }
   return drawn(all, random);

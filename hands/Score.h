@@ -39,10 +39,11 @@ struct EndScore {
 
 /// The answers given so far, by chart and end.
 ///
-/// When an end comes again follows from how often in a row it was right: after a miss with three
-/// others between, then with 9, 29, 99 and 299. Of the ends whose time has come, those that were
-/// missed come first; then those that were never asked, and then the others, each group in no
-/// order. While no end's time has come, any of them comes but the three asked last.
+/// When an end's time comes again follows from how often in a row it was right: after a miss with
+/// three others between, then with 9, 29, 99 and 299. Every second question is for an end that was
+/// missed and whose time has come; it waits for the next one if need be. The other questions, and
+/// those for which there is none, are for ends that were never asked, or else for any whose time
+/// has come, or else for any but the three asked last. Chance decides among them.
 class Score {
  public:
   static constexpr std::uint32_t mostInRow = 4;
