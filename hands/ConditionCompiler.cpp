@@ -132,9 +132,9 @@ void checkConditions(const ChartSource& source, const SourceFile& file, Diagnost
   Check(source, file, found).check();
 }
 
-std::optional<authoring::CompiledChart> compile(const SourceFile& file,
-                                                const authoring::Catalogue& catalogue,
-                                                Diagnostics& found) {
+std::optional<authoring::CompiledChart> compileWithConditions(const SourceFile& file,
+                                                              const authoring::Catalogue& catalogue,
+                                                              Diagnostics& found) {
   std::optional<ChartSource> source = readInPart(file, catalogue, found);
   if (source) checkConditions(*source, file, found);
   if (!source || found.hasErrors()) return std::nullopt;

@@ -23,9 +23,9 @@ void checkConditions(const authoring::ChartSource& source, const authoring::Sour
 
 /// Compiles a source as authoring::compile() does, with everything in `found` that
 /// checkConditions() has to say too.
-std::optional<authoring::CompiledChart> compile(const authoring::SourceFile& file,
-                                                const authoring::Catalogue& catalogue,
-                                                authoring::Diagnostics& found);
+std::optional<authoring::CompiledChart> compileWithConditions(const authoring::SourceFile& file,
+                                                              const authoring::Catalogue& catalogue,
+                                                              authoring::Diagnostics& found);
 
 /// The conditions of a compiled chart. REQUIRES: checkConditions() found no error in its source.
 Conditions conditionsOf(const authoring::CompiledChart& chart);

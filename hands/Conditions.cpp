@@ -7,18 +7,22 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "authoring/InShort.h"
 #include "hands/AuctionPattern.h"
 #include "hands/ExpressionCheck.h"
 
 namespace tavrel::hands {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using authoring::inShort;
+using Json = nlohmann::ordered_json;  // which is slow to read: it looks for keys one by one
 
 constexpr int formatVersion = 1;
 
 constexpr std::array forcingNames = {"no", "round", "game"};
 constexpr std::array nextNames = {"self", "partner"};
+constexpr std::array askedNames = {"judgement"};
+enum class Asked { judgement };
 
 template <typename Names, typename Value>
 const char* nameIn(const Names& names, Value value) {
@@ -67,99 +71,120 @@ struct Unreadable {
   std::string why;
 };
 
-const Json& at(const Json& object, const char* key) {
+const nlohmann::json& at(const nlohmann::json& object, const char* key) {
   if (!object.is_object() || !object.contains(key)) {
     throw Unreadable{std::string("there is no \"") + key + "\" where one belongs"};
   }
   return object[key];
 }
 
-std::string textIn(const Json& value) {
-  if (!value.is_string()) throw Unreadable{"there is " + value.dump() + " instead of a text"};
+std::string inQuotes(const std::string& text) { return "\"" + inShort(text) + "\""; }
+
+std::string thereIs(const nlohmann::json& value) { return "there is " + inShort(value.dump()); }
+
+const nlohmann::json& map(const nlohmann::json& value) {
+  if (!value.is_object()) throw Unreadable{thereIs(value) + " instead of a map"};
+  return value;
+}
+
+std::string textIn(const nlohmann::json& value) {
+  if (!value.is_string()) throw Unreadable{thereIs(value) + " instead of a text"};
   return value.get<std::string>();
 }
 
-std::optional<std::string> optionalText(const Json& object, const char* key) {
+std::optional<std::string> optionalText(const nlohmann::json& object, const char* key) {
   if (!object.contains(key)) return std::nullopt;
   return textIn(object[key]);
 }
 
 // An expression is compiled later, by what takes no wrong one.
-std::optional<std::string> expression(const Json& object, const char* key) {
+std::optional<std::string> expression(const nlohmann::json& object, const char* key) {
   std::optional<std::string> text = optionalText(object, key);
   if (!text) return text;
   const CheckedExpression checked = checkExpression(*text, Type::truth);
-  if (!checked.faults.empty()) throw Unreadable{"\"" + *text + "\": " + checked.faults[0].text};
+  if (!checked.faults.empty()) throw Unreadable{inQuotes(*text) + ": " + checked.faults[0].text};
   return text;
 }
 
-const Json& list(const Json& value) {
-  if (!value.is_array()) throw Unreadable{"there is " + value.dump() + " instead of a list"};
+const nlohmann::json& list(const nlohmann::json& value) {
+  if (!value.is_array()) throw Unreadable{thereIs(value) + " instead of a list"};
   return value;
 }
 
-std::int64_t coordinate(const Json& value) {
-  if (!value.is_number_integer()) throw Unreadable{value.dump() + " is no column or row"};
+std::int64_t coordinate(const nlohmann::json& value) {
+  const bool isTooLarge = value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX;
+  if (!value.is_number_integer() || isTooLarge)
+    throw Unreadable{inShort(value.dump()) + " is no column or row"};
   return value.get<std::int64_t>();
 }
 
-std::vector<Cell> cellsIn(const Json& value) {
+std::vector<Cell> cellsIn(const nlohmann::json& value) {
   std::vector<Cell> cells;
-  for (const Json& cell : list(value)) {
-    if (list(cell).size() != 2) throw Unreadable{cell.dump() + " is no cell"};
+  for (const nlohmann::json& cell : list(value)) {
+    if (list(cell).size() != 2) throw Unreadable{inShort(cell.dump()) + " is no cell"};
     cells.push_back({coordinate(cell[0]), coordinate(cell[1])});
   }
   return cells;
 }
 
-std::vector<CallChoice> callsIn(const Json& value) {
+std::vector<CallChoice> callsIn(const nlohmann::json& value) {
   std::vector<CallChoice> calls;
-  for (const Json& choice : list(value)) {
+  for (const nlohmann::json& choice : list(value)) {
     const std::string name = textIn(at(choice, "call"));
     const std::optional<Call> call = callIn(name);
-    if (!call) throw Unreadable{"\"" + name + "\" is no call"};
+    if (!call) throw Unreadable{inQuotes(name) + " is no call"};
     calls.push_back({expression(choice, "when"), *call});
   }
   return calls;
 }
 
 template <typename Value, typename Names>
-std::optional<Value> oneOf(const Names& names, const Json& object, const char* key) {
+std::optional<Value> oneOf(const Names& names, const nlohmann::json& object, const char* key) {
   const std::optional<std::string> text = optionalText(object, key);
   if (!text) return std::nullopt;
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (*text == names[i]) return static_cast<Value>(i);
   }
-  throw Unreadable{"\"" + *text + "\" is no value of \"" + key + "\""};
+  throw Unreadable{inQuotes(*text) + " is no value of \"" + key + "\""};
 }
 
-BoxConditions boxIn(const Json& object) {
+BoxConditions boxIn(const nlohmann::json& object) {
   BoxConditions box;
   box.cells = cellsIn(at(object, "cells"));
   box.id = optionalText(object, "id").value_or("");
   box.when = expression(object, "when");
-  box.asksJudgement = object.contains("asks");
+  box.asksJudgement = oneOf<Asked>(askedNames, object, "asks").has_value();
   if (object.contains("calls")) box.calls = callsIn(object["calls"]);
   box.shows = expression(object, "shows");
   box.forcing = oneOf<Forcing>(forcingNames, object, "forcing");
   box.next = oneOf<Next>(nextNames, object, "next");
   if (object.contains("never")) {
-    box.never.yes = optionalText(object["never"], "yes");
-    box.never.no = optionalText(object["never"], "no");
+    const nlohmann::json& never = map(object["never"]);
+    box.never.yes = optionalText(never, "yes");
+    box.never.no = optionalText(never, "no");
   }
   return box;
 }
 
-void readAuctions(const Json& value, Conditions& conditions) {
+void readAuctions(const nlohmann::json& value, Conditions& conditions) {
   PatternAuctions auctions;
-  for (const Json& pattern : list(value)) {
+  for (const nlohmann::json& pattern : list(value)) {
     conditions.patterns.push_back(textIn(pattern));
     if (const auto fault = auctions.add(conditions.patterns.back())) throw Unreadable{fault->text};
   }
   conditions.auctions = auctions.all();
 }
 
-Conditions conditionsIn(const Json& file) {
+// Values in one another are few in such a file, and each would need a part of the stack.
+nlohmann::json parsed(std::string_view bytes) {
+  constexpr int deepest = 10;
+  return nlohmann::json::parse(bytes, [](int depth, auto, auto&) {
+    if (depth > deepest) throw Unreadable{"its values are nested too deep"};
+    return true;
+  });
+}
+
+Conditions conditionsIn(const nlohmann::json& file) {
   if (at(file, "version") != formatVersion) {
     throw Unreadable{"it is of another version of this program: compile the chart again"};
   }
@@ -167,11 +192,11 @@ Conditions conditionsIn(const Json& file) {
   conditions.chart = textIn(at(file, "chart"));
   conditions.digest = textIn(at(file, "digest"));
   if (file.contains("applies")) {
-    const Json& applies = file["applies"];
+    const nlohmann::json& applies = map(file["applies"]);
     if (applies.contains("auction")) readAuctions(applies["auction"], conditions);
     conditions.hand = expression(applies, "hand");
   }
-  for (const Json& box : list(at(file, "boxes"))) conditions.boxes.push_back(boxIn(box));
+  for (const nlohmann::json& box : list(at(file, "boxes"))) conditions.boxes.push_back(boxIn(box));
   return conditions;
 }
 
@@ -199,7 +224,7 @@ std::string conditionsFile(const Conditions& conditions) {
 }
 
 std::variant<Conditions, std::string> readConditions(std::string_view bytes) try {
-  return conditionsIn(Json::parse(bytes));
+  return conditionsIn(parsed(bytes));
 } catch (const Unreadable& unreadable) {
   return unreadable.why;
 } catch (const nlohmann::json::exception&) {

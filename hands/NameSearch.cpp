@@ -67,7 +67,9 @@ KnownName nameOf(std::string_view word) {
 std::string cureOfUnknown(std::string_view word) {
   const std::string same = sameButForCapitals(word);
   if (!same.empty()) return "write " + same + ": capitals matter";
-  if (const std::optional<Call> call = callIn(word)) return "write c" + nameOf(*call);
+  for (const std::string_view name : {word, word.substr(lowerCase(word)[0] == 'c' ? 1 : 0)}) {
+    if (const std::optional<Call> call = callIn(name)) return "write c" + nameOf(*call);
+  }
   constexpr std::size_t longest = 40;  // nobody slips so often
   const std::string near = word.size() <= longest ? nearestTo(word) : "";
   if (!near.empty()) return "did you mean " + near + "?";

@@ -48,7 +48,7 @@ bool compileOne(const fs::path& source, const std::optional<std::string>& output
   refuseSame(source, conditionsBeside(destination.path));
   const SourceFile file = readInput(source);
   Diagnostics found;
-  const std::optional<CompiledChart> chart = hands::compile(file, catalogueNames(), found);
+  const std::optional<CompiledChart> chart = hands::compileWithConditions(file, catalogueNames(), found);
   if (chart && !destination.isChosen) checkFileName(chart->source, source.string(), found);
   for (const Diagnostic& diagnostic : found.sorted()) std::cerr << shown(diagnostic, file);
   if (!chart || found.hasErrors()) return false;

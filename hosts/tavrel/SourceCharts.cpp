@@ -81,7 +81,7 @@ std::optional<CompiledChart> SourceCharts::compiled(const fs::path& source) {
   note(source);
   const SourceFile file = readInput(source);
   Diagnostics found;
-  std::optional<CompiledChart> chart = hands::compile(file, catalogue_, found);
+  std::optional<CompiledChart> chart = hands::compileWithConditions(file, catalogue_, found);
   tell(source, file, found);
   return chart;
 }
