@@ -302,4 +302,13 @@ std::variant<Hand, Misreading> readHand(std::string_view text) try {
   return fault;
 }
 
+std::string shown(Hand hand) {
+  std::string text;
+  for (const Suit suit : suitsAsWritten) {
+    const std::string ranks = ranksOf(hand.holding(suit));
+    text += (text.empty() ? "" : " ") + std::string(symbolOf(suit)) + (ranks.empty() ? "—" : ranks);
+  }
+  return text;
+}
+
 }  // namespace tavrel::hands

@@ -3,6 +3,7 @@
 #ifndef TAVREL_HANDS_HANDTEXT_H
 #define TAVREL_HANDS_HANDTEXT_H
 
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -20,6 +21,9 @@ inline constexpr std::size_t longestHandText = 500;
 /// one too where the suits stand behind their names or between points. Tens are "10" or "T", and
 /// case doesn't matter. Anything else is a fault.
 std::variant<Hand, Misreading> readHand(std::string_view text);
+
+/// As players read it: "♠AQ85 ♥KJ7 ♦KQ4 ♣J62", a void with a dash.
+std::string shown(Hand hand);
 
 }  // namespace tavrel::hands
 

@@ -66,8 +66,6 @@ bool endsIn(const std::string& name, const char* extension) {
   return std::filesystem::path(name).extension() == extension;
 }
 
-bool isSource(const std::string& name) { return endsIn(name, ".yaml") || endsIn(name, ".yml"); }
-
 int walkSource(const Arguments& arguments, const Answers& answers) {
   const bool isOnScreen = Terminal::isUsable();
   if (arguments.watches && !isOnScreen) throw Failure("--watch needs the screen of a terminal");

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "hands/Conditions.h"
+#include "hosts/tavrel/ChartFiles.h"
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/InputFile.h"
 #include "hosts/tavrel/Walk.h"
@@ -47,7 +48,7 @@ std::vector<const hands::HandChart*> HandCharts::all() {
 }
 
 fs::path HandCharts::conditionsOf(const CatalogueEntry& entry) const {
-  return library_.fileOf(entry).replace_extension(".when");
+  return conditionsBeside(library_.fileOf(entry));
 }
 
 hands::Conditions HandCharts::readConditions(const CatalogueEntry& entry) const {

@@ -45,6 +45,11 @@ std::set<std::string> linksIn(const fs::path& folder, const std::string& chart) 
 
 }  // namespace
 
+bool isSource(const std::string& name) {
+  const fs::path extension = fs::path(name).extension();
+  return extension == ".yaml" || extension == ".yml";
+}
+
 SourceCharts::SourceCharts(fs::path source, fs::path others)
     : source_(std::move(source)), others_(std::move(others)), catalogue_(catalogueNames()) {}
 

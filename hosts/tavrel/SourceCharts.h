@@ -13,6 +13,9 @@
 
 namespace tavrel {
 
+/// Whether a name on the command line is that of a source, and not of a flowchart.
+bool isSource(const std::string& name);
+
 /// A source compiled into a temporary folder, together with the charts that links lead to from
 /// there. Each of those is taken from the source's own folder or, if it isn't there, from the
 /// folder of other charts: compiled from NAME.yaml, or as NAME.fv where there is no such source

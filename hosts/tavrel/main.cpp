@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "facade/Tavrel.h"
+#include "hosts/tavrel/Bid.h"
 #include "hosts/tavrel/Check.h"
 #include "hosts/tavrel/Commands.h"
 #include "hosts/tavrel/Compile.h"
@@ -32,6 +33,7 @@ struct Invocation {
   CompileArguments compile;
   CheckArguments check;
   DrawArguments draw;
+  BidArguments bid;
   QuizArguments quiz;
   int status = 0;
 };
@@ -133,6 +135,48 @@ void defineWalk(CLI::App& app, Invocation& invocation) {
       "  q           quit");
 }
 
+void defineTable(CLI::App& command, TableArguments& table) {
+  command.add_option("--auction", table.auction, "The calls so far, dealer first: \"1NT P 2C P\"")
+      ->type_name("CALLS");
+  command.add_option("--dealer", table.dealer, "N, E, S or W; without it, N")->type_name("SEAT");
+  command.add_option("--vul", table.vulnerable, "Who is vulnerable: NS, EW, both or none")
+      ->type_name("SIDE");
+  command
+      .add_option("--seat", table.seat,
+                  "Whose the hand is: N, E, S or W; without it, of the player who calls next")
+      ->type_name("SEAT");
+  command.add_option("--partner", table.partner, "Partner's hand, for charts that go on with it")
+      ->type_name("HAND");
+}
+
+void defineBid(CLI::App& app, Invocation& invocation) {
+  BidArguments& arguments = invocation.bid;
+  CLI::App* bid = addCommand(app, "bid", "Say what a hand bids, and why", [&invocation] {
+    invocation.status = bidHands(invocation.bid, invocation.arguments.charts);
+  });
+  bid->add_option(
+         "HAND", arguments.hand,
+         "A hand (AQ85.KJ7.KQ4.J62, spades first), a deal (\"N:… … … …\"), a file of deals "
+         "(.pbn, .lin), or - for hands from standard input")
+      ->required();
+  bid->add_option(
+      "CHART", arguments.chart,
+      "A flowchart's name or title, or a source (NAME.yaml); without it, the one that is "
+      "for the auction and the hand");
+  defineTable(*bid, arguments.table);
+  bid->add_flag("--explain", arguments.isExplained, "Print the commentary of each box too");
+  bid->add_flag("--json", arguments.asJson,
+                "Print all of it as JSON; of many hands, one line each");
+  bid->footer(
+      "From standard input come hands, one a line, or a file of deals; each has a line of the\n"
+      "output, with tabs between call, hand, charts and answers. Of a deal it is the hand of the\n"
+      "player who calls next, or of --seat.\n"
+      "\n"
+      "Exit status: 0 every hand has its call; 2 something can't be read, or no chart, or more "
+      "than\n"
+      "one, is for it; 3 a question takes judgement, and there is no terminal to ask on.");
+}
+
 void defineQuiz(CLI::App& app, Invocation& invocation) {
   QuizArguments& arguments = invocation.quiz;
   CLI::App* quiz = addCommand(app, "quiz", "Deal hands and ask for the call", [&invocation] {
@@ -173,6 +217,7 @@ void define(CLI::App& app, Invocation& invocation) {
   defineCompile(app, invocation);
   defineCheck(app, invocation);
   defineDraw(app, invocation);
+  defineBid(app, invocation);
   defineQuiz(app, invocation);
 }
 
@@ -180,7 +225,8 @@ void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
   throw Failure(
-      "list, intro, walk, compile, check, draw or quiz must stand here; 'tavrel --help' shows the "
+      "list, intro, walk, compile, check, draw, bid or quiz must stand here; 'tavrel --help' shows "
+      "the "
       "usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
