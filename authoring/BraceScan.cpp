@@ -115,6 +115,7 @@ bool BraceScan::isKeptForItself() const {
 // A word, or a text without quotes, up to the sign behind it.
 std::optional<Cause> BraceScan::plain() {
   const std::size_t begin = at_;
+  if (isItem()) return notClosed();
   if (isValue_ && isKeptForItself()) return unquoted(begin);
   for (; at_ < bytes_.size() && bytes_[at_] != '\n' && !isSign(bytes_[at_]); ++at_) {
     if (isEndOfKey(at_) || isRemark()) break;
@@ -183,6 +184,12 @@ Cause BraceScan::notClosed() const {
 
 char BraceScan::byteAt(std::size_t offset) const {
   return offset < bytes_.size() ? bytes_[offset] : '\n';
+}
+
+// A hyphen that begins the next entry of a list, and no text.
+bool BraceScan::isItem() const {
+  if (bytes_.substr(at_, 2) != "- " || !isFirstOnLine(at_)) return false;
+  return bytes_[bytes_.find_last_not_of(" \n", at_ - 1)] != ':';
 }
 
 bool BraceScan::isRemark() const { return bytes_[at_] == '#' && bytes_[at_ - 1] == ' '; }

@@ -44,6 +44,7 @@ class BraceScan {
   std::optional<Cause> lateQuote() const;
   Cause notClosed() const;
   char byteAt(std::size_t offset) const;
+  bool isItem() const;
   bool isRemark() const;
   bool isKeptForItself() const;
   bool isEndOfKey(std::size_t offset) const;

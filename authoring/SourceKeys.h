@@ -33,6 +33,14 @@ inline bool isExpressionKey(std::string_view word) {
   return word == "when" || word == "shows" || word == "hand" || word == "auction";
 }
 
+/// Whether the key has one or the other.
+inline bool hasText(std::string_view word) { return isTextKey(word) || isExpressionKey(word); }
+
+/// Whether the key has a map or a list, but no box.
+inline bool isGroupKey(std::string_view word) {
+  return word == "applies" || word == "call" || word == "never";
+}
+
 /// Whether the key may have a list.
 inline bool isListKey(std::string_view word) { return word == "call" || word == "auction"; }
 

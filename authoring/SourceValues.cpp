@@ -93,6 +93,7 @@ std::string SourceValues::sayUnknownKey(const YamlEntry& entry,
   for (const std::string& each : keys) cure += (&each == &keys.front() ? "" : ", ") + each;
   if (isRemark(entry.key)) cure = "write # before a remark";
   if (entry.key == "id") cure = "its id is the word before its colon";
+  if (entry.key == "auction" || entry.key == "hand") cure = "write it below applies:";
   found_.add(Code::unknownKey, entry.place, where + " has no " + inShort(entry.key), cure);
   return near;
 }

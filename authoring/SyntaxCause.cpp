@@ -76,6 +76,7 @@ class LineScan {
     const std::size_t colon = colonOf(line_, indent_);
     const bool isList = line_[indent_] == '-' && line_.substr(indent_ + 1, 1) <= " ";
     if (colon != nowhere && !isList) return lookAtKey(colon);
+    if (isList && belongsToAList()) return lookAtItem();
     if (goesOn(isList)) return goOn();
     return lookAtRest(isList);
   }
@@ -267,6 +268,26 @@ class LineScan {
     return causeAt(trap->code, trap->offset, trap->text, trap->cure);
   }
 
+  // --- lists ----------------------------------------------------------------------
+
+  // The keys that are open where the line begins; the last of them may have a list.
+  bool belongsToAList() {
+    while (!levels_.empty() && levels_.back().indent > indent_) levels_.pop_back();
+    return !levels_.empty() && isListKey(levels_.back().key) &&
+           levels_.back().holds == Holds::nothing;
+  }
+
+  // What follows on later lines are the keys of a map, or more of the list.
+  Found lookAtItem() {
+    const std::size_t offset = line_.find_first_not_of(' ', indent_ + 1);
+    if (offset == nowhere || line_[offset] == '#') return std::nullopt;
+    const bool hasEnd = std::string_view("\"'{[").find(line_[offset]) != nowhere;
+    if (!hasEnd) return trapOnLine();
+    Found cause = lookAtValue(offset);
+    levels_.back().holds = Holds::nothing;
+    return cause;
+  }
+
   // --- lines without a key --------------------------------------------------------
 
   // Whether a line may go on with the text above it, or be its first.
@@ -308,7 +329,7 @@ class LineScan {
     }
     if (isList) {
       return causeAt(Code::wrongType, indent_, "a hyphen with a blank behind it begins a list",
-                     "take it away: a chart has no lists");
+                     "take it away: only auction and call have lists");
     }
     if (isRemark()) {
       return causeAt(Code::syntax, indent_, "a remark begins with #, and not with //",
@@ -345,7 +366,7 @@ class LineScan {
                      "write " + word + ":");
     }
     const bool isSign = line_[indent_] == '}' || line_[indent_] == ']';
-    if (isSign || levels_.empty() || !isTextKey(levels_.back().key)) return std::nullopt;
+    if (isSign || levels_.empty() || !hasText(levels_.back().key)) return std::nullopt;
     return causeAt(Code::indentation, indent_,
                    "the line has to be indented deeper than " + std::string(levels_.back().key) +
                        ", if it belongs to it",

@@ -18,23 +18,38 @@ constexpr std::size_t deepestNesting = 20;
 using Kind = YamlValue::Kind;
 using Style = YamlValue::Style;
 
-// Leaves out of a value what stands on a line or behind it, and a text before that line that may
-// have been meant to end sooner or to go on.
+// Whether nothing shows where a text ends.
+bool isOpenText(const YamlValue& value) {
+  const bool isQuoted = value.style == Style::singleQuoted || value.style == Style::doubleQuoted;
+  return value.kind == Kind::text && !value.isInFlow && !isQuoted;
+}
+
+std::size_t firstLineOf(const YamlValue& item) { return item.place.line; }
+const YamlValue& valueOf(const YamlValue& item) { return item; }
+std::size_t firstLineOf(const YamlEntry& entry) { return entry.place.line; }
+const YamlValue& valueOf(const YamlEntry& entry) { return entry.value; }
+
+// Leaves out of the parts of a value what stands on a line or behind it, and a text before that
+// line that may have been meant to end sooner or to go on.
+template <typename Part, typename Cut>
+bool cutParts(std::vector<Part>& parts, std::size_t line, const Cut& cutFrom) {
+  const std::size_t all = parts.size();
+  while (!parts.empty() &&
+         (firstLineOf(parts.back()) >= line || valueOf(parts.back()).place.line >= line)) {
+    parts.pop_back();
+  }
+  if (!parts.empty()) {
+    cutFrom(parts.back());
+    if (isOpenText(valueOf(parts.back()))) parts.pop_back();
+  }
+  return parts.size() < all;
+}
+
 void cutFrom(YamlValue& value, std::size_t line) {
-  std::vector<YamlEntry>& entries = value.entries;
-  const std::size_t all = entries.size();
-  while (!entries.empty() &&
-         (entries.back().place.line >= line || entries.back().value.place.line >= line)) {
-    entries.pop_back();
-  }
-  if (!entries.empty()) {
-    YamlValue& last = entries.back().value;
-    cutFrom(last, line);
-    const bool hasEnd =
-        last.isInFlow || last.style == Style::singleQuoted || last.style == Style::doubleQuoted;
-    if (last.kind == Kind::text && !hasEnd) entries.pop_back();
-  }
-  value.isCutShort = value.isCutShort || entries.size() < all;
+  const bool hasLess =
+      cutParts(value.entries, line, [line](YamlEntry& entry) { cutFrom(entry.value, line); }) ||
+      cutParts(value.items, line, [line](YamlValue& item) { cutFrom(item, line); });
+  value.isCutShort = value.isCutShort || hasLess;
 }
 
 }  // namespace
@@ -232,10 +247,10 @@ void YamlBuilder::reportNoBlank(Open& map, std::size_t colon) {
 bool YamlBuilder::isRestOfText(const Open& map) {
   if (isBoxKey(map.key)) return false;
   const std::vector<std::string>& dropped = map.value.dropped;
-  if (!dropped.empty() && isTextKey(dropped.back())) return true;
+  if (!dropped.empty() && hasText(dropped.back())) return true;
   if (map.value.entries.empty()) return false;
   const YamlEntry& last = map.value.entries.back();
-  return isTextKey(last.key) && last.value.style == Style::plain;
+  return hasText(last.key) && last.value.style == Style::plain;
 }
 
 void YamlBuilder::reportNoKey(Open& map) {
@@ -340,6 +355,7 @@ bool YamlBuilder::mayBeKey(const YamlValue& key) {
   }
   if (open_.back().keys.insert(key.text).second) return true;
   map.doubled.push_back(key.text);
+  if (map.isInFlow && !isBoxKey(key.text) && isRestOfText(open_.back())) return false;
   found_.add(Code::doubleKey, key.place, inShort(key.text) + " stands here a second time",
              isBoxKey(key.text) || isChartKey(key.text) ? "keep one of the two"
                                                         : "give this one another name");
@@ -350,11 +366,17 @@ void YamlBuilder::endEntry(YamlValue value) {
   Open& map = open_.back();
   map.hasKey = false;
   if (map.isKeyDropped) return;
-  if (isTextKey(map.key) && losesText(map.keyPlace, value)) {
+  if ((isTextKey(map.key) || isReason()) && losesText(map.keyPlace, value)) {
     map.value.dropped.push_back(std::move(map.key));
     return;
   }
   map.value.entries.push_back({std::move(map.key), map.keyPlace, std::move(value)});
+}
+
+// Whether the map that is being read is that of never, and no box of that id.
+bool YamlBuilder::isReason() const {
+  if (open_.size() < 2 || open_[open_.size() - 2].key != "never") return false;
+  return open_.size() != 3 || open_.front().key != "boxes";
 }
 
 // What YAML would lose of a text without saying so.

@@ -90,6 +90,7 @@ class YamlBuilder : public YAML::EventHandler {
   bool isAlias(const YAML::Mark& mark);
   void checkQuotes(const YAML::Mark& mark, const YamlValue& value);
   bool mayBeKey(const YamlValue& key);
+  bool isReason() const;
   bool losesText(Place key, const YamlValue& text);
 
   // Why there is no value behind a key.

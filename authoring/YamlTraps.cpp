@@ -144,6 +144,16 @@ Trap unbracedBox(std::string_view key, char first, std::size_t offset) {
   return trap;
 }
 
+// "never: no: because".
+Trap unbracedGroup(std::string_view key, std::size_t offset) {
+  Trap trap{offset, "what " + std::string(key) + " says by keys stands between braces, or below it",
+            std::string("write it as ") + (key == "call"      ? "[{when: \"…\", call: 2H}]"
+                                           : key == "applies" ? "{auction: \"…\"}"
+                                                              : "{no: \"…\"}")};
+  trap.code = Code::syntax;
+  return trap;
+}
+
 // The key before the first colon of a value, if it isn't the first word there.
 std::string_view laterKey(std::string_view value) {
   const std::size_t colon = value.find(": ");
@@ -191,6 +201,7 @@ std::optional<Trap> trapIn(std::string_view line) {
   if (!trap || !trap->isColon) return trap;
   const std::string_view later = isAnswer(key) ? laterKey(line.substr(offset)) : "";
   if (isAnswer(later)) return twoOnALine(line, later);
+  if (isGroupKey(key)) return unbracedGroup(key, offset);
   const std::string_view word = line.substr(offset, trap->offset - offset);
   return isUnbracedBox(key, word) ? unbracedBox(key, line[offset], offset) : trap;
 }

@@ -119,7 +119,8 @@ double Evaluation::exact(double spades, double hearts, double diamonds, double c
 double Evaluation::stopper(double suit) const { return isStopper(holdingOf(suit)) ? 1 : 0; }
 
 double Evaluation::tops(double suit, double count) const {
-  return count < 1 ? 0 : topsOf(holdingOf(suit), static_cast<unsigned>(std::min(count, 13.0)));
+  constexpr double all = cardsInSuit;
+  return count >= 1 ? topsOf(holdingOf(suit), static_cast<unsigned>(std::min(count, all))) : 0;
 }
 
 double Evaluation::callOf(Player player, double n) const {

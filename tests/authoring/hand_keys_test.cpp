@@ -332,5 +332,70 @@ TEST(HandKeys, AreNoticedWhereATextSwallowsThem) {
             Strings{"4:3 T0122"});
 }
 
+// The reader of YAML can't go on, and what stopped it is looked for line by line.
+TEST(HandKeys, LeaveErrorsOfSyntaxWhereTheyAre) {
+  const std::string list =
+      "    call:\n      - {when: \"hcp > 1\", call: 2S}\n      - when: hcp > 2\n        call: 2H\n"
+      "      - {call: P}\n";
+  EXPECT_EQ(found(withEnd(list + "    comment: a: b\n")), Strings{"11:15 T0117"});
+  EXPECT_EQ(found(withEnd(list + "  b: {text: \"x\"\n")), Strings{"11:6 T0124"});
+  const std::string auctions = "applies:\n  auction:\n  - (1C|1D) P\n  - \"1NT P\"\n";
+  EXPECT_EQ(found(withSettings(auctions) + "    comment: \"x\n"), Strings{"10:14 T0119"});
+}
+
+TEST(HandKeys, HaveListsWhoseSlipsAreFound) {
+  EXPECT_EQ(found(withEnd("    call:\n      - {when: \"hcp > 1\", call: 2S\n      - {call: P}\n")),
+            Strings{"7:9 T0124"});
+  EXPECT_EQ(found(withEnd("    call:\n      - when: hcp > 1\n      call: 2S\n")),
+            Strings{"8:7 T0109"});
+  EXPECT_EQ(found(withEnd("    call:\n      - when: hcp > 1: 2\n        call: 2S\n")),
+            Strings{"7:22 T0117"});
+  EXPECT_EQ(found(withEnd("    call:\n      - {when: \"hcp > 1\" call: 2S}\n")),
+            Strings{"7:26 T0123"});
+}
+
+TEST(HandKeys, WantBracesOnOneLine) {
+  EXPECT_EQ(said(withQuestion("    never: no: because\n")),
+            Strings{"what never says by keys stands between braces, or below it: write it as "
+                    "{no: \"…\"}"});
+  EXPECT_EQ(found(withQuestion("    never: no: because\n")), Strings{"8:12 T0109"});
+  EXPECT_EQ(said(withEnd("    call: when: hcp > 1\n")),
+            Strings{"what call says by keys stands between braces, or below it: write it as "
+                    "[{when: \"…\", call: 2H}]"});
+  EXPECT_EQ(said(withSettings("applies: auction: P P\n")),
+            Strings{"what applies says by keys stands between braces, or below it: write it as "
+                    "{auction: \"…\"}"});
+  EXPECT_EQ(said(withSettings("auction: P P\n")),
+            Strings{"a chart has no auction: write it below applies:"});
+}
+
+TEST(HandKeys, BrokenAtTheirCommasAreSaidOnce) {
+  EXPECT_EQ(found(withEnd("    yes: {text: \"x\", when: shape(5,3,3,2), yes: a}\n")),
+            Strings{"6:28 T0118"});
+}
+
+TEST(HandKeys, LoseNothingOfTheirTexts) {
+  EXPECT_EQ(found(withQuestion("    never:\n      no: because # really\n")), Strings{"9:19 T0117"});
+  EXPECT_EQ(found(withQuestion("    when: !balanced\n")), Strings{"8:11 T0110"});
+  EXPECT_EQ(found(withQuestion("    when: hcp > 1 ? aces : kings\n")), Strings{"8:26 T0117"});
+  EXPECT_EQ(found("chart: Opening\nstart: never\nboxes:\n  never:\n    text: Five?\n"
+                  "    yes: b # really\n    no: b\n  b: {text: \"Bid\"}\n"),
+            Strings{});
+}
+
+TEST(HandKeys, GoOnInLinesThatAreIndented) {
+  EXPECT_EQ(found(withQuestion("    when: hcp > 3 &&\n    balanced\n    comment: x\n")),
+            Strings{"9:5 T0122"});
+}
+
+// The words were ids before they were keys.
+TEST(HandKeys, MayBeIds) {
+  EXPECT_EQ(
+      found("chart: Opening\nstart: next\nboxes:\n  next: {text: \"x?\", yes: call, no: never}\n"
+            "  call:\n    text: Bid\n  never:\n    text: Is it?\n    yes: call\n    no: when\n"
+            "  when: {text: \"x\"}\n"),
+      Strings{});
+}
+
 }  // namespace
 }  // namespace tavrel::authoring

@@ -263,7 +263,7 @@ TEST(Slips, OfInvisibleCharacters) {
 }
 
 TEST(Slips, OfListsAndRemarks) {
-  const std::string list = " T0204 take it away: a chart has no lists";
+  const std::string list = " T0204 take it away: only auction and call have lists";
   EXPECT_EQ(saidWith("  strong:", "  - strong:"), "8:3" + list);
   EXPECT_EQ(saidWith("    text: 12+ HCP?\n    comment", "    - text: 12+ HCP?\n    - comment"),
             "17:5" + list);

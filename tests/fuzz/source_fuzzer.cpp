@@ -35,7 +35,8 @@ bool wasLaidOut(const Diagnostics& found) {
   if (!found.hasErrors()) return true;
   const std::vector<Diagnostic> all = found.sorted();
   return std::none_of(all.begin(), all.end(), [](const Diagnostic& each) {
-    return severityOf(each.code) == Severity::error && each.code < Code::noWayBack;
+    const bool isOfDrawing = each.code >= Code::noWayBack && each.code <= Code::repeated;
+    return severityOf(each.code) == Severity::error && !isOfDrawing;
   });
 }
 

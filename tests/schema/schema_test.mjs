@@ -55,10 +55,12 @@ test('the names are those of the catalogue', () => {
 });
 
 test('the keys are those that the compiler knows', () => {
-  const {said} = compile('chart: Opening\nkey: x\nstart: a\nboxes:\n  a: {text: "A", key: x, no: {key: x}}\n');
+  const {said} = compile('chart: Opening\nkey: x\napplies: {key: x}\nstart: a\nboxes:\n' +
+    '  a: {text: "A", key: x, no: {key: x, call: [{key: x}], never: {key: x}}}\n');
   const known = [...said.matchAll(/it may have (.*)/g)].map(([, keys]) => keys.split(', ').sort());
-  const {box, inlineBox} = schema.definitions;
-  const described = [schema, box, inlineBox].map(each => Object.keys(each.properties).sort());
+  const {box, inlineBox, callWhen, never} = schema.definitions;
+  const all = [schema, schema.properties.applies, box, inlineBox, callWhen, never];
+  const described = all.map(each => Object.keys(each.properties).sort());
   assert.deepEqual(described, known);
 });
 
@@ -95,6 +97,31 @@ const mistakes = [
   ['b: {text: "B"}', 'b: {text: "B", id: b}'],
   ['b: {text: "B"}', '"b c": {text: "B"}'],
   ['b: {text: "B"}', 'b: Pass'],
+  ['start: a\n', 'start: a\napplies: P\n'],
+  ['start: a\n', 'start: a\napplies: {}\n'],
+  ['start: a\n', 'start: a\napplies: {auction: []}\n'],
+  ['start: a\n', 'start: a\napplies: {auction: [12]}\n'],
+  ['start: a\n', 'start: a\napplies: {auction: {a: b}}\n'],
+  ['start: a\n', 'start: a\napplies: {hand: ""}\n'],
+  ['start: a\n', 'start: a\napplies: {hands: "hcp > 1"}\n'],
+  ['yes: b', 'yes: b, when: " "'],
+  ['yes: b', 'yes: b, when: 1'],
+  ['yes: b', 'yes: b, asks: me'],
+  ['yes: b', 'yes: b, never: no'],
+  ['yes: b', 'yes: b, never: {}'],
+  ['yes: b', 'yes: b, never: {no: ""}'],
+  ['yes: b', 'yes: b, never: {No: "Why"}'],
+  ['"B"', '"B", call: ""'],
+  ['"B"', '"B", call: 2'],
+  ['"B"', '"B", call: []'],
+  ['"B"', '"B", call: [2H]'],
+  ['"B"', '"B", call: [{when: "hcp > 1"}]'],
+  ['"B"', '"B", call: [{call: 2H, if: "hcp > 1"}]'],
+  ['"B"', '"B", shows: [hcp]'],
+  ['"B"', '"B", forcing: yes'],
+  ['"B"', '"B", forcing: false'],
+  ['"B"', '"B", next: self'],
+  ['"B"', '"B", chart: RespNT, next: left'],
 ];
 
 const variants = [
@@ -102,6 +129,13 @@ const variants = [
   ['start: a\n', 'start: a\nwidth: 24.0\nintro: "12"\n'],
   ['start: a\n', 'start: "a"\nturn: "down"\nwidth: +24\n'],
   ['yes: b', 'yes: b, chart: Nowhere'],
+  ['start: a\n', 'start: a\napplies: {auction: "", hand: "hcp > 1"}\n'],
+  ['start: a\n', 'start: a\napplies:\n  auction:\n  - (1C|1D) P\n  - ""\n'],
+  ['yes: b', 'yes: b, when: "hcp > 1", never: {yes: "Why", no: "Why not"}'],
+  ['yes: b', 'yes: b, asks: judgement'],
+  ['"B"', '"B", call: P, shows: "hcp > 1", forcing: no, chart: RespNT, next: self'],
+  ['"B"', '"B", call: "2H", forcing: "no", chart: RespNT, next: partner'],
+  ['"B"', '"B", call: [{when: "hcp > 1", call: 2H}, {call: X}]'],
 ];
 
 for (const [right, other] of [['', ''], ...variants]) {

@@ -43,6 +43,12 @@ namespace tavrel::sources {
   each(comment, "a comment")                                               \
   each(commentWrapped, "a comment of several lines")                       \
   each(commentParagraphs, "a comment of several paragraphs")               \
+  each(applies, "what a chart applies to")                                 \
+  each(condition, "a condition of a question")                             \
+  each(judgement, "a question that needs judgement")                       \
+  each(reason, "a reason why an answer is never given")                    \
+  each(call, "a call of an end")                                           \
+  each(callsOfAList, "calls of an end in a list")                          \
   each(link, "a link of an end")                                           \
   each(questionWithLink, "a link of a box with exits")                     \
   each(oneExit, "a box with one exit")                                     \

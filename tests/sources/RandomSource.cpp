@@ -170,6 +170,10 @@ class Author {
       settings.push_back("turn: " + either("down", "right") + "\n");
       met_.meet(Feature::chartTurned, settings.back() == "turn: down\n");
     }
+    if (choices_.chance(30)) {
+      settings.push_back("applies: {auction: [\"(1C|1D) P\", \"\"], hand: " + expression() + "}\n");
+      met_.meet(Feature::applies);
+    }
     return settings;
   }
 
@@ -225,6 +229,43 @@ class Author {
     return true;
   }
 
+  // What a box says about hands: its keys and their values, as they may stand anywhere.
+  std::vector<std::string> ofHands(const PlannedBox& box) {
+    if (choices_.chance(70)) return {};
+    return isEnd(box) ? ofEnd() : ofQuestion(box);
+  }
+
+  std::vector<std::string> ofQuestion(const PlannedBox& box) {
+    std::vector<std::string> entries;
+    const bool isJudgement = choices_.chance(20);
+    met_.meet(isJudgement ? Feature::judgement : Feature::condition);
+    entries.push_back(isJudgement ? "asks: judgement" : "when: " + expression());
+    if (choices_.chance(20)) {
+      const char* const answer = box.exits[0] < 0 ? "no" : "yes";
+      entries.push_back("never: {" + std::string(answer) + ": " + doubleQuoted(sentence(12)) + "}");
+      met_.meet(Feature::reason);
+    }
+    return entries;
+  }
+
+  std::vector<std::string> ofEnd() {
+    std::vector<std::string> entries;
+    const bool isList = choices_.chance(40);
+    met_.meet(isList ? Feature::callsOfAList : Feature::call);
+    entries.push_back("call: " + std::string(choices_.from({"2H", "\"P\"", "XX", "1NT"})));
+    if (isList) entries.back() = "call: [{when: " + expression() + ", call: 1S}, {call: X}]";
+    if (choices_.chance(30)) entries.push_back("shows: " + expression());
+    if (choices_.chance(30)) {
+      entries.push_back("forcing: " + std::string(choices_.from({"no", "round", "\"game\""})));
+    }
+    return entries;
+  }
+
+  std::string expression() {
+    return choices_.from({"\"hcp >= 12\"", "\"shape(5,3,3,2) && !balanced\"",
+                          "\"length(S) >= 5 || suitOf(partner(1)) == H\""});
+  }
+
   bool hasLink(const PlannedBox& box) { return choices_.chance(isEnd(box) ? 30 : 3); }
 
   std::string link() { return choices_.from({"RespNT", "Stayman", "Opening"}); }
@@ -238,6 +279,7 @@ class Author {
       line(indent, "turn: " + either("down", "right"));
       met_.meet(Feature::boxTurned);
     }
+    for (const std::string& entry : ofHands(box)) line(indent, entry);
     const bool isNoFirst = choices_.chance(20);
     for (const int answer : {isNoFirst ? 1 : 0, isNoFirst ? 0 : 1}) {
       if (box.exits[answer] >= 0) writeExit(box, answer, indent);
@@ -271,6 +313,7 @@ class Author {
     text += "text: " + doubleQuoted(sentence(12));
     if (choices_.chance(50)) text += ", comment: " + doubleQuoted(sentence(30));
     if (hasLink(box)) text += ", chart: " + link();
+    for (const std::string& entry : ofHands(box)) text += ", " + entry;
     for (const int answer : {0, 1}) {
       if (box.exits[answer] < 0) continue;
       const PlannedBox& to = at(box.exits[answer]);
