@@ -125,6 +125,7 @@ std::uint64_t Score::forget(std::string_view chart) {
     answers += end->second.asked;
     end = ends_.erase(end);
   }
+  if (ends_.empty()) answers_ = 0;
   return answers;
 }
 

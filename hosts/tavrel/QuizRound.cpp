@@ -88,9 +88,9 @@ std::optional<Call> QuizRound::callIn(const std::string& word, const hands::Auct
   if (call) {
     out_.line(sentence(illegalityOf(*call, auction)));
   } else if (word == "?" || word == "help") {
-    out_.block(quizHelp());
+    out_.block(quizHelp(!rest_.empty()));
   } else if (word == "m" || word == "more") {
-    out_.block(rest_.empty() ? Lines{"There is no way of an earlier hand to show."} : rest_);
+    out_.block(rest_.empty() ? Lines{"There is no way of a hand before to show."} : rest_);
   } else {
     out_.line("'" + authoring::inShort(word) + "' is no call; ? shows what can be typed.");
   }
@@ -106,7 +106,9 @@ void QuizRound::correct(const Answer& answer) {
   out_.line();
   out_.block(correction.parting());
   rest_ = correction.rest();
-  if (out_.isTerminal()) pause();
+  if (!out_.isTerminal()) return;
+  pause();
+  rest_.clear();  // which has no place beside the next question
 }
 
 // Until the player has read.

@@ -83,18 +83,20 @@ Lines linesOf(const QuizQuestion& question) {
 
 std::string inOneLine(const QuizQuestion& question) {
   return shownInShort(question.hand) + "; " + vulnerabilityOf(question.table) + "; " +
-         auctionOf(question.table);
+         (question.table.auction.size() == 0 ? "you deal" : auctionOf(question.table));
 }
 
-Lines quizHelp() {
-  return {
+Lines quizHelp(bool hasRest) {
+  Lines lines = {
       "Type the call that you make with this hand. A bid is its level and its suit by a letter or",
       "a symbol, or n for notrump; p is a pass, x a double, xx a redouble. Capitals don't matter.",
-      "  m   the rest of the way of the hand before, if your call for it was another",
-      "  ?   this page",
+      "  ?   these lines",
       "  q   stop here",
-      "The question mark in the auction is your turn. Calls in parentheses are the opponents'.",
   };
+  if (hasRest) lines.push_back("  m   the rest of the way of the hand before");
+  lines.push_back(
+      "The question mark in the auction is your turn. Calls in parentheses are the opponents'.");
+  return lines;
 }
 
 std::string illegalityOf(Call call, const Auction& auction) {
@@ -177,8 +179,7 @@ Lines Correction::question() {
   append(lines, commentary(parted.box));
   if (!parting_) return lines;
   lines.push_back("");
-  lines.push_back(std::string("With ") + (parted.answer == Answer::yes ? "no" : "yes") +
-                  " there, the chart can come to: " + joined(walker_.chart()[parting_->end].text));
+  lines.push_back("The other answer can lead to: " + joined(walker_.chart()[parting_->end].text));
   return lines;
 }
 

@@ -21,8 +21,8 @@ Lines linesOf(const hands::QuizQuestion& question);
 /// The same in one line.
 std::string inOneLine(const hands::QuizQuestion& question);
 
-/// What can be typed.
-Lines quizHelp();
+/// What can be typed; the rest of an earlier hand's way, if there is one to be shown.
+Lines quizHelp(bool hasRest);
 
 /// Why the laws don't allow a call now, as a clause. REQUIRES: they don't, and the auction is not
 /// over.

@@ -225,9 +225,8 @@ void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
   throw Failure(
-      "list, intro, walk, compile, check, draw, bid or quiz must stand here; 'tavrel --help' shows "
-      "the "
-      "usage");
+      "list, intro, walk, compile, check, draw, bid or quiz must stand here; 'tavrel --help' "
+      "shows the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {

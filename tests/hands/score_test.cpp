@@ -118,6 +118,8 @@ TEST(Score, ForgetsAChartAndKeepsTheOthers) {
   EXPECT_EQ(0U, score.of(oneClub).asked);
   EXPECT_EQ(1U, score.of({"RespNT", "pass"}).asked);
   EXPECT_EQ(0U, score.forget("Opening"));
+  EXPECT_EQ(1U, score.forget("RespNT"));
+  EXPECT_EQ(Score().bytes(), score.bytes());
 }
 
 TEST(TheNextQuestion, IsEachEndOnceBeforeAnyComesTwice) {
