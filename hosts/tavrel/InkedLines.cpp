@@ -3,24 +3,16 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <utility>
+
 #include "drawing/TextBox.h"
 #include "hosts/tavrel/Terminal.h"
-
-#define NCURSES_NOMACROS 1
-#include <curses.h>
-#include <term.h>
 
 namespace tavrel {
 namespace {
 
 // Of a terminal that doesn't say how wide it is.
 constexpr int usualWidth = 80;
-
-std::string stringOf(const char* capability) {
-  const char* sequence = tigetstr(capability);
-  const bool isThere = sequence != nullptr && sequence != reinterpret_cast<const char*>(-1);
-  return isThere ? sequence : "";
-}
 
 // The sequences that every terminal with colours knows.
 std::string colourSequence(int colour) {
@@ -34,13 +26,9 @@ constexpr const char* plainSequence = "\033[39m";
 
 InkedLines::InkedLines(std::ostream& out, Charset charset)
     : out_(out), charset_(charset), isTerminal_(isatty(STDIN_FILENO) && isatty(STDOUT_FILENO)) {
-  int status = 0;
-  if (!isatty(STDOUT_FILENO) || setupterm(nullptr, STDOUT_FILENO, &status) != OK) return;
-  constexpr int fewColours = 8;
-  const int colours = tigetnum("colors");
-  if (isColourWanted() && colours >= fewColours) colours_ = colours;
-  if (isTerminal_) clear_ = stringOf("clear");
-  del_curterm(cur_term);
+  LineAbilities abilities = lineAbilities();
+  colours_ = abilities.colours;
+  if (isTerminal_) clear_ = std::move(abilities.clear);
 }
 
 int InkedLines::width() const {

@@ -26,11 +26,22 @@ termios modesBefore;
 std::array<char, 256> farewell;
 std::size_t farewellLength = 0;
 
+// What the terminal that is set up is sent for something; nullptr if it can't do it.
+const char* sequenceOf(const char* capability) {
+  const char* sequence = tigetstr(capability);
+  return sequence == reinterpret_cast<const char*>(-1) ? nullptr : sequence;
+}
+
+// The sequence without "$<50>": terminals needed time for it once.
+std::string withoutDelay(const std::string& sequence) {
+  return sequence.substr(0, sequence.find("$<"));
+}
+
 void composeFarewell() {
   farewellLength = 0;
   for (const char* name : {"sgr0", "rmkx", "cnorm", "rmcup"}) {
-    const char* sequence = tigetstr(name);
-    if (sequence == nullptr || sequence == reinterpret_cast<const char*>(-1)) continue;
+    const char* sequence = sequenceOf(name);
+    if (sequence == nullptr) continue;
     const std::size_t length = std::strlen(sequence);
     if (farewellLength + length > farewell.size()) continue;
     std::memcpy(farewell.data() + farewellLength, sequence, length);
@@ -49,6 +60,11 @@ void rescue() {
 constexpr int pollMilliseconds = 100;
 // How long an Escape may be the start of a key's sequence.
 constexpr int escapeMilliseconds = 25;
+
+bool isColourWanted() {
+  const char* noColor = std::getenv("NO_COLOR");
+  return noColor == nullptr || *noColor == '\0';
+}
 
 short pairOf(Ink ink) { return static_cast<short>(static_cast<int>(ink) + 1); }
 
@@ -108,11 +124,6 @@ bool isHungUp() {
 
 }  // namespace
 
-bool isColourWanted() {
-  const char* noColor = std::getenv("NO_COLOR");
-  return noColor == nullptr || *noColor == '\0';
-}
-
 int terminalColourOf(Ink ink, int colours) {
   const bool areMany = colours >= 256;
   switch (ink) {
@@ -131,11 +142,23 @@ int terminalColourOf(Ink ink, int colours) {
   }
 }
 
+LineAbilities lineAbilities() {
+  LineAbilities abilities;
+  int status = 0;
+  if (!isatty(STDOUT_FILENO) || setupterm(nullptr, STDOUT_FILENO, &status) != OK) return abilities;
+  constexpr int fewColours = 8;
+  const int colours = tigetnum("colors");
+  if (isColourWanted() && colours >= fewColours) abilities.colours = colours;
+  if (const char* clear = sequenceOf("clear")) abilities.clear = withoutDelay(clear);
+  del_curterm(cur_term);
+  return abilities;
+}
+
 bool Terminal::isUsable() {
   if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) return false;
   int status = 0;
   if (setupterm(nullptr, STDOUT_FILENO, &status) != OK) return false;
-  const bool placesCursor = tigetstr("cup") != nullptr;
+  const bool placesCursor = sequenceOf("cup") != nullptr;
   del_curterm(cur_term);
   return placesCursor;
 }
