@@ -3,6 +3,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <utility>
 
 #include "drawing/TextBox.h"
@@ -46,14 +47,19 @@ std::string InkedLines::inked(std::string_view text) const {
   return line;
 }
 
+// The parts of a line that is broken keep its indentation.
 void InkedLines::line(std::string_view text) {
   isEmpty_ = false;
   if (!isTerminal_) {
     out_ << inked(text) << '\n';
     return;
   }
-  for (const std::string& part : wrapped({std::string(text)}, width())) {
-    out_ << inked(part) << '\n';
+  const std::size_t first = text.find_first_not_of(' ');
+  const std::size_t indent = first == std::string_view::npos ? 0 : first;
+  const std::string blanks(indent, ' ');
+  const int room = width() - static_cast<int>(indent);
+  for (const std::string& part : wrapped({std::string(text.substr(indent))}, room)) {
+    out_ << blanks << inked(part) << '\n';
   }
 }
 

@@ -158,8 +158,9 @@ void QuizRound::tellMisses() {
     if (answer.isRight) continue;
     Correction correction(answer.asked, answer.given);
     out_.line(std::to_string(number) + ". " + inOneLine(answer.asked.question));
-    out_.line("   You: " + shownCall(answer.given) + "; the chart: " +
-              shownCall(correction.chartsCall()) + "; you part at: " + correction.inShort());
+    out_.line("   You: " + shownCall(answer.given) +
+              ". The chart: " + shownCall(correction.chartsCall()) + ". You part at:");
+    out_.line("   " + correction.inShort());
     out_.line();
   }
 }

@@ -88,14 +88,14 @@ std::string inOneLine(const QuizQuestion& question) {
 
 Lines quizHelp(bool hasRest) {
   Lines lines = {
-      "Type the call that you make with this hand. A bid is its level and its suit by a letter or",
-      "a symbol, or n for notrump; p is a pass, x a double, xx a redouble. Capitals don't matter.",
+      "Type the call that you make with this hand: a bid as its level and its suit,",
+      "by letter or symbol, or n for notrump; p for a pass, x for a double, xx for a",
+      "redouble. The question mark in the auction is your turn, and calls in",
+      "parentheses are the opponents'.",
       "  ?   these lines",
       "  q   stop here",
   };
   if (hasRest) lines.push_back("  m   the rest of the way of the hand before");
-  lines.push_back(
-      "The question mark in the auction is your turn. Calls in parentheses are the opponents'.");
   return lines;
 }
 

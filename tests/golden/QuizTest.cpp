@@ -406,12 +406,15 @@ TEST_F(QuizScreen, HasColouredLettersWhereThereAreNoSymbols) {
   EXPECT_NE(std::string::npos, terminal.raw().find("\033[38;5;196mH\033[39m "));
 }
 
-TEST_F(QuizScreen, BreaksLinesAtBlanks) {
+TEST_F(QuizScreen, BreaksLinesAtBlanksAndKeepsTheirIndentation) {
   PseudoTerminal terminal(parseCommandLine(wordsOf(place_.line("RespNT --seed 2"))), "/", {40, 50});
   terminal.type("7s\n");
   const std::vector<std::string> lines = linesOf(terminal.screen().text());
-  EXPECT_EQ(1, std::count(lines.begin(), lines.end(), "No end of the chart makes that call"));
-  EXPECT_EQ(1, std::count(lines.begin(), lines.end(), "here. It begins so:"));
+  const auto count = [&](const char* line) { return std::count(lines.begin(), lines.end(), line); };
+  EXPECT_EQ(1, count("No end of the chart makes that call"));
+  EXPECT_EQ(1, count("here. It begins so:"));
+  EXPECT_EQ(1, count("  A major-suit fit comes before"));
+  EXPECT_EQ(1, count("  everything else. Partner has at least"));
 }
 
 }  // namespace
