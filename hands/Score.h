@@ -65,8 +65,8 @@ class Score {
   /// An answer was given.
   void note(const EndName& end, bool isRight);
 
-  /// Forgets all ends of a chart; without any left, the score is a new one. Returns how many answers
-  /// there were.
+  /// Forgets all ends of a chart; without any left, the score is a new one. Returns how many
+  /// answers there were.
   std::uint64_t forget(std::string_view chart);
 
   /// Which of the ends is asked next. REQUIRES: there is one.
