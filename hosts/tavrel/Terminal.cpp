@@ -26,11 +26,22 @@ termios modesBefore;
 std::array<char, 256> farewell;
 std::size_t farewellLength = 0;
 
+// What the terminal that is set up is sent for something; nullptr if it can't do it.
+const char* sequenceOf(const char* capability) {
+  const char* sequence = tigetstr(capability);
+  return sequence == reinterpret_cast<const char*>(-1) ? nullptr : sequence;
+}
+
+// The sequence without "$<50>": terminals needed time for it once.
+std::string withoutDelay(const std::string& sequence) {
+  return sequence.substr(0, sequence.find("$<"));
+}
+
 void composeFarewell() {
   farewellLength = 0;
   for (const char* name : {"sgr0", "rmkx", "cnorm", "rmcup"}) {
-    const char* sequence = tigetstr(name);
-    if (sequence == nullptr || sequence == reinterpret_cast<const char*>(-1)) continue;
+    const char* sequence = sequenceOf(name);
+    if (sequence == nullptr) continue;
     const std::size_t length = std::strlen(sequence);
     if (farewellLength + length > farewell.size()) continue;
     std::memcpy(farewell.data() + farewellLength, sequence, length);
@@ -56,11 +67,6 @@ bool isColourWanted() {
 }
 
 short pairOf(Ink ink) { return static_cast<short>(static_cast<int>(ink) + 1); }
-
-void definePair(Ink ink, int manyColours, int fewColours) {
-  const int colour = COLORS >= 256 ? manyColours : fewColours;
-  init_pair(pairOf(ink), static_cast<short>(colour), -1);
-}
 
 Key keyOf(int code) {
   switch (code) {
@@ -118,11 +124,41 @@ bool isHungUp() {
 
 }  // namespace
 
+int terminalColourOf(Ink ink, int colours) {
+  const bool areMany = colours >= 256;
+  switch (ink) {
+    case Ink::clubs:
+      return areMany ? 34 : COLOR_GREEN;
+    case Ink::diamonds:
+      return areMany ? 208 : COLOR_YELLOW;
+    case Ink::hearts:
+      return areMany ? 196 : COLOR_RED;
+    case Ink::spades:
+      return areMany ? 39 : COLOR_CYAN;
+    case Ink::link:
+      return areMany ? 135 : COLOR_MAGENTA;
+    default:
+      return -1;
+  }
+}
+
+LineAbilities lineAbilities() {
+  LineAbilities abilities;
+  int status = 0;
+  if (!isatty(STDOUT_FILENO) || setupterm(nullptr, STDOUT_FILENO, &status) != OK) return abilities;
+  constexpr int fewColours = 8;
+  const int colours = tigetnum("colors");
+  if (isColourWanted() && colours >= fewColours) abilities.colours = colours;
+  if (const char* clear = sequenceOf("clear")) abilities.clear = withoutDelay(clear);
+  del_curterm(cur_term);
+  return abilities;
+}
+
 bool Terminal::isUsable() {
   if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) return false;
   int status = 0;
   if (setupterm(nullptr, STDOUT_FILENO, &status) != OK) return false;
-  const bool placesCursor = tigetstr("cup") != nullptr;
+  const bool placesCursor = sequenceOf("cup") != nullptr;
   del_curterm(cur_term);
   return placesCursor;
 }
@@ -156,13 +192,9 @@ void Terminal::defineColours() {
   hasColours_ = true;
   start_color();
   use_default_colors();
-  definePair(Ink::clubs, 34, COLOR_GREEN);
-  definePair(Ink::diamonds, 208, COLOR_YELLOW);
-  definePair(Ink::hearts, 196, COLOR_RED);
-  definePair(Ink::spades, 39, COLOR_CYAN);
-  definePair(Ink::link, 135, COLOR_MAGENTA);
-  for (const Ink ink : {Ink::blank, Ink::text, Ink::frame, Ink::line, Ink::label}) {
-    definePair(ink, -1, -1);
+  for (int ink = 0; ink <= static_cast<int>(Ink::spades); ++ink) {
+    const int colour = terminalColourOf(static_cast<Ink>(ink), COLORS);
+    init_pair(pairOf(static_cast<Ink>(ink)), static_cast<short>(colour), -1);
   }
 }
 

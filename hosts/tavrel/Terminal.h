@@ -4,6 +4,7 @@
 #define TAVREL_HOSTS_TAVREL_TERMINAL_H
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "drawing/TextPicture.h"
@@ -40,6 +41,17 @@ struct KeyPress {
   Key key;
   char character;  ///< for Key::character, in ASCII; 0 beyond it
 };
+
+/// The number of an ink's colour on a terminal with so many; -1 for that of its text.
+int terminalColourOf(Ink ink, int colours);
+
+/// What standard output can do while lines go by; nothing, where it is no terminal.
+struct LineAbilities {
+  int colours = 0;    ///< that there are and that are wanted
+  std::string clear;  ///< what clears the screen; may be empty
+};
+
+LineAbilities lineAbilities();
 
 /// Takes the terminal over for as long as it lives and gives it back as it was,
 /// also when a signal ends the program: EndingSignals notes it, keys are

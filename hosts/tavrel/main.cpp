@@ -21,6 +21,7 @@
 #include "hosts/tavrel/Failure.h"
 #include "hosts/tavrel/Library.h"
 #include "hosts/tavrel/Prove.h"
+#include "hosts/tavrel/Quiz.h"
 #include "hosts/tavrel/Words.h"
 #include "text/Text.h"
 
@@ -34,6 +35,7 @@ struct Invocation {
   CheckArguments check;
   DrawArguments draw;
   BidArguments bid;
+  QuizArguments quiz;
   ProveArguments prove;
   int status = 0;
 };
@@ -219,6 +221,31 @@ void defineBid(CLI::App& app, Invocation& invocation) {
       "one, is for it; 3 a question takes judgement, and there is no terminal to ask on.");
 }
 
+void defineQuiz(CLI::App& app, Invocation& invocation) {
+  QuizArguments& arguments = invocation.quiz;
+  CLI::App* quiz = addCommand(app, "quiz", "Deal hands and ask for the call", [&invocation] {
+    const auto& charts = invocation.arguments.charts;
+    takeQuiz(invocation.quiz, charts ? *charts : defaultChartsDirectory().string());
+  });
+  quiz->add_option("CHART", arguments.charts,
+                   "Names or titles of flowcharts; without any, all that hands can be dealt for");
+  quiz->add_option("--n", arguments.questions, "How many questions; without it, 20")
+      ->check(CLI::Range(1, 10000))
+      ->type_name("COUNT");
+  CLI::Option* teach =
+      quiz->add_flag("--teach", "Say what was wrong at once; so it is without --exam");
+  quiz->add_flag("--exam", arguments.isExam, "Say nothing until the end")->excludes(teach);
+  quiz->add_option("--seed", arguments.seed, "The same number asks the same, for the same score")
+      ->type_name("NUMBER");
+  CLI::Option* report =
+      quiz->add_flag("--report", arguments.reports, "Print the score so far, by flowchart and end");
+  quiz->add_flag("--forget", arguments.forgets, "Forget the score so far")->excludes(report);
+  quiz->footer(
+      "Calls are typed as players write them: 1nt, 2c, p, x, xx. ? shows what else can be\n"
+      "typed, q stops. The score is kept in $XDG_STATE_HOME/tavrel, or ~/.local/state/tavrel;\n"
+      "ends that were missed come back sooner.");
+}
+
 void define(CLI::App& app, Invocation& invocation) {
   Arguments& arguments = invocation.arguments;
   app.require_subcommand(0, 1);
@@ -235,6 +262,7 @@ void define(CLI::App& app, Invocation& invocation) {
   defineCheck(app, invocation);
   defineDraw(app, invocation);
   defineBid(app, invocation);
+  defineQuiz(app, invocation);
   defineProve(app, invocation);
 }
 
@@ -242,9 +270,8 @@ void parse(CLI::App& app, int argc, char** argv) try {
   app.parse(argc, argv);
   if (!app.get_subcommands().empty()) return;
   throw Failure(
-      "list, intro, walk, compile, check, draw, bid or prove must stand here; 'tavrel --help' "
-      "shows "
-      "the usage");
+      "list, intro, walk, compile, check, draw, bid, quiz or prove must stand here; "
+      "'tavrel --help' shows the usage");
 } catch (const CLI::Success& help) {
   app.exit(help);
 } catch (const CLI::ParseError& error) {
