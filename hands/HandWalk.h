@@ -111,6 +111,8 @@ class HandWalk {
   using Judge = std::function<std::optional<Answer>(const HandChart&, BoxIndex)>;
 
   HandWalk(const std::filesystem::path& directory, FindChart find);
+  HandWalk(const HandWalk&) = delete;
+  HandWalk& operator=(const HandWalk&) = delete;
 
   /// Whether the chart assumes such a hand as the one who calls at that turn has.
   /// REQUIRES, as below: turn <= auction.size(), and that hand is known.

@@ -45,8 +45,8 @@ void readHands(Board& board, std::string_view value) {
   if (board.fault) board.hands = {};
 }
 
-// One call, "1N!" with its alert; or several, as some programs write them.
-void readCalls(Auction& auction, std::string_view value) {
+// One call, "1N!" with its alert. What can't follow is left out.
+void readCall(Auction& auction, std::string_view value) {
   while (!value.empty() && (value.back() == '!' || value.back() == '?')) value.remove_suffix(1);
   const std::optional<Call> call = callIn(value);
   if (call && auction.allows(*call)) auction.add(*call);
@@ -88,7 +88,7 @@ class Reader {
       board_.vulnerability = vulnerabilityIn(value.empty() ? "none" : value);
     } else if (key == "mb" && hasHands_) {
       if (!board_.auction) board_.auction.emplace();
-      readCalls(*board_.auction, value);
+      readCall(*board_.auction, value);
     }
   }
 

@@ -35,6 +35,8 @@ class HandGuide {
   /// empty, stay open until they are answered. Throws Failure as startIn() and startAnywhere() do.
   HandGuide(const Library& library, const std::string& chart, HandAtTable hand,
             hands::HandWalk::Judge judge = nullptr);
+  HandGuide(const HandGuide&) = delete;
+  HandGuide& operator=(const HandGuide&) = delete;
 
   /// Where the walk begins.
   const CatalogueEntry& chart() const { return charts_.entryOf(*start_.chart); }

@@ -23,8 +23,6 @@ bool isGiven(const TableArguments& arguments);
 struct HandAtTable {
   hands::Situation situation;
   hands::Seat seat;  ///< of the hand; of a deal, of the player who calls next or is named
-
-  const hands::Hand& hand() const { return *handOf(situation.hands, seat); }
 };
 
 /// The table alone: auction, dealer and vulnerability. Throws Failure for what can't be read; so
