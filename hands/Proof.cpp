@@ -293,7 +293,7 @@ class Examination {
     const std::string given = std::string("no hand ") +
                               (isProved ? "answers " : "was found that answers ") + nameOf(answer);
     const std::string text =
-        isProved ? given + ": the answer is settled before, as always " + nameOf(otherThan(answer))
+        isProved ? given + ": what is known before settles it as " + nameOf(otherThan(answer))
                  : given + "; whether there is one isn't settled";
     Finding& finding =
         add(FindingKind::deadExit, box, text,
