@@ -42,42 +42,61 @@ applies: {auction: "P? P? P?"}
 boxes:
   strong: {text: "a?", when: "hcp >= 22 || losers <= 3 && quick >= 4", yes: open-2c, no: notrump}
   open-2c: {text: "b", call: 2C}
-  notrump: {text: "c?", when: "balanced && hcp >= 15 && hcp <= 17", yes: open-1nt, no: strong-notrump}
+  notrump:
+    {text: "c?", when: "balanced && hcp >= 15 && hcp <= 17", yes: open-1nt, no: strong-notrump}
   open-1nt: {text: "d", call: 1NT}
-  strong-notrump: {text: "e?", when: "balanced && hcp >= 20 && hcp <= 21", yes: open-2nt, no: opening}
+  strong-notrump:
+    {text: "e?", when: "balanced && hcp >= 20 && hcp <= 21", yes: open-2nt, no: opening}
   open-2nt: {text: "f", call: 2NT}
   opening: {text: "g?", when: "hcp >= 12", yes: major, no: rule-of-20}
-  major: {text: "h?", when: "max(spades, hearts) >= 5 && max(spades, hearts) >= max(diamonds, clubs)",
-                     yes : spades, no : diamonds
-}
-spades : {text : "i?", when : "spades >= hearts", yes : open - 1s, no : open - 1h} open -
-         1s : {text : "j", call : 1S} open - 1h : {text : "k", call : 1H} diamonds : {
-           text : "l?",
-           when : "diamonds > clubs || diamonds == clubs && diamonds >= 4",
-           yes : open - 1d,
-           no : open - 1c
-         } open - 1d : {text : "m", call : 1D} open -
-                       1c
-    : {text : "n", call : 1C} rule -
-      of - 20 : {
-        text : "o?",
-        when : "hcp >= 10 && hcp + longest + second >= 20 && (seat < 4 || hcp + spades >= 15)",
-        yes : major,
-        no : fourth - seat
-      } fourth - seat : {text : "p?", when : "seat == 4", yes : pass - out, no : long - suit} pass -
-                        out : {
-text:
-  "q", call : P
-}
+  major:
+    text: h?
+    when: max(spades, hearts) >= 5 && max(spades, hearts) >= max(diamonds, clubs)
+    yes: spades
+    no: diamonds
+  spades: {text: "i?", when: "spades >= hearts", yes: open-1s, no: open-1h}
+  open-1s: {text: "j", call: 1S}
+  open-1h: {text: "k", call: 1H}
+  diamonds:
+    text: l?
+    when: diamonds > clubs || diamonds == clubs && diamonds >= 4
+    yes: open-1d
+    no: open-1c
+  open-1d: {text: "m", call: 1D}
+  open-1c: {text: "n", call: 1C}
+  rule-of-20:
+    text: o?
+    when: hcp >= 10 && hcp + longest + second >= 20 && (seat < 4 || hcp + spades >= 15)
+    yes: major
+    no: fourth-seat
+  fourth-seat: {text: "p?", when: "seat == 4", yes: pass-out, no: long-suit}
+  pass-out: {text: "q", call: P}
   long-suit: {text: "r?", when: "longest >= 7", yes: good-suit, no: six-cards}
-  good-suit: {text: "s?", when: "tops(longestSuit,3) >= 2 || tops(longestSuit,5) >= 3", yes: eight-cards, no: pass}
+  good-suit:
+    text: s?
+    when: tops(longestSuit,3) >= 2 || tops(longestSuit,5) >= 3
+    yes: eight-cards
+    no: pass
   eight-cards: {text: "t?", when: "longest >= 8", yes: open-4, no: open-3}
-  open-4: {text: "u", call: [{when: "longestSuit == C", call: 4C}, {when: "longestSuit == D", call: 4D}, {when: "longestSuit == H", call: 4H}, {call: 4S}]}
-  open-3: {text: "v", call: [{when: "longestSuit == C", call: 3C}, {when: "longestSuit == D", call: 3D}, {when: "longestSuit == H", call: 3H}, {call: 3S}]}
+  open-4:
+    text: u
+    call: [{when: "longestSuit == C", call: 4C}, {when: "longestSuit == D", call: 4D},
+           {when: "longestSuit == H", call: 4H}, {when: "longestSuit == S", call: 4S}]
+  open-3:
+    text: v
+    call: [{when: "longestSuit == C", call: 3C}, {when: "longestSuit == D", call: 3D},
+           {when: "longestSuit == H", call: 3H}, {when: "longestSuit == S", call: 3S}]
   pass: {text: "w", call: P}
   six-cards: {text: "x?", when: "longest == 6 && longestSuit != C", yes: weak-two, no: pass}
-  weak-two: {text: "y?", when: "hcp >= 6 && hcp <= 10 && (tops(longestSuit,3) >= 2 || tops(longestSuit,5) >= 3)", yes: open-2, no: pass}
-  open-2: {text: "z", call: [{when: "longestSuit == D", call: 2D}, {when: "longestSuit == H", call: 2H}, {call: 2S}]}
+  weak-two:
+    text: y?
+    when: hcp >= 6 && hcp <= 10 && (tops(longestSuit,3) >= 2 || tops(longestSuit,5) >= 3)
+    yes: open-2
+    no: pass
+  open-2:
+    text: z
+    call: [{when: "longestSuit == D", call: 2D}, {when: "longestSuit == H", call: 2H},
+           {when: "longestSuit == S", call: 2S}]
 )yaml";
 
 // What a program for this chart alone would look at.
