@@ -8,13 +8,11 @@
 
 #include "hands/Evaluation.h"
 
-namespace mu {
-class Parser;
-}
-
 namespace tavrel::hands {
 
-/// An expression over the values of one Evaluation, compiled once.
+/// An expression over the values of one Evaluation, compiled once. Its comparisons, sums and
+/// signs between truths are followed here, no further than they matter; muParser works out the
+/// rest.
 class Expression {
  public:
   /// REQUIRES: checkExpression() finds nothing wrong with the text; `evaluation` outlives the
@@ -28,10 +26,12 @@ class Expression {
   /// nanoseconds for each name and operator; no allocation but at the first time.
   double value() const;
 
-  bool isTrue() const { return value() != 0; }
+  bool isTrue() const;
 
  private:
-  std::unique_ptr<mu::Parser> program_;
+  class Program;
+
+  std::unique_ptr<const Program> program_;
 };
 
 }  // namespace tavrel::hands
