@@ -101,6 +101,11 @@ class Expression::Program {
     const ExpressionTree tree = treeOf(text_, none);
     nodes_.reserve(tree.size());
     for (const ExpressionNode& node : tree) nodes_.push_back(nodeOf(node));
+    for (Node& node : nodes_) {
+      if (node.kind == Kind::value) node.place = &node.value;
+      node.left = nodes_[node.first].place;
+      node.right = nodes_[node.second].place;
+    }
     addParsers(tree, tree.size() - 1);
   }
 
@@ -108,14 +113,15 @@ class Expression::Program {
   bool isTrue() const { return truth(nodes_.back()); }
 
  private:
-  enum class Kind : std::uint8_t { place, value, sign, negation, parsed };
+  enum class Kind : std::uint8_t { place, value, sign, negation, larger, smaller, parsed };
 
   struct Node {
     Kind kind = Kind::parsed;
     Operator sign = Operator::both;
     std::uint32_t first = 0, second = 0;  // operands
     double value = 0;
-    const double* place = nullptr;
+    const double* place = nullptr;                   // of a variable, or of the value
+    const double *left = nullptr, *right = nullptr;  // the operands' places, where they have some
     std::unique_ptr<mu::Parser> parser = nullptr;
   };
 
@@ -134,6 +140,9 @@ class Expression::Program {
       node.kind = Kind::negation;
     } else if (from.kind == NodeKind::infix && from.sign != Operator::by) {
       node.kind = Kind::sign;
+    } else if (from.kind == NodeKind::call && from.operands.size() == 2) {
+      if (from.function->function == Function::max) node.kind = Kind::larger;
+      if (from.function->function == Function::min) node.kind = Kind::smaller;
     }
     return node;
   }
@@ -151,9 +160,12 @@ class Expression::Program {
   double number(const Node& node) const {
     switch (node.kind) {
       case Kind::place:
-        return *node.place;
       case Kind::value:
-        return node.value;
+        return *node.place;
+      case Kind::larger:
+        return std::max(left(node), right(node));
+      case Kind::smaller:
+        return std::min(left(node), right(node));
       case Kind::parsed:
         return node.parser->Eval();
       default:
@@ -167,8 +179,12 @@ class Expression::Program {
     return truth(node) ? 1 : 0;
   }
 
-  double left(const Node& node) const { return number(nodes_[node.first]); }
-  double right(const Node& node) const { return number(nodes_[node.second]); }
+  double left(const Node& node) const {
+    return node.left != nullptr ? *node.left : number(nodes_[node.first]);
+  }
+  double right(const Node& node) const {
+    return node.right != nullptr ? *node.right : number(nodes_[node.second]);
+  }
 
   bool truth(const Node& node) const {
     if (node.kind == Kind::negation) return !truth(nodes_[node.first]);

@@ -32,6 +32,7 @@ TEST(Expression, HasTheValueThatMuParserGivesIt) {
       "(hcp >= 10 ? spades : hearts) >= 4 && quick > 1.5",
       "tops(longestSuit,3) >= 2 || tops(longestSuit,5) >= 3",
       "max(spades, hearts) >= 5 && max(spades, hearts) >= max(diamonds, clubs)",
+      "min(spades, hearts) + max(1, min(clubs, 4)) >= max(hcp, 6, 8) - 3",
       "(balanced && hcp >= 15) == (losers < 7)",
       "1 + 1 == 2",
   };
