@@ -205,6 +205,8 @@ class Feasibility::Trial {
   // Changes hands card by card, and never back to fewer of the conditions.
   Search steered() {
     constexpr int attempts = 20, steps = 1000;
+    owner_.left_ -= std::min<std::uint64_t>(owner_.left_, attempts * steps);
+    if (owner_.left_ == 0) return {Verdict::unsettled, {}};
     Random random(1);
     for (int attempt = 0; attempt < attempts; ++attempt) {
       const auto table = random.below(static_cast<std::uint32_t>(owner_.tables_.size()));

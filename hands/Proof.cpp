@@ -55,7 +55,10 @@ class Examination {
         chart_(subject.chart()),
         tally_(tally),
         feasibility_(feasibility),
-        stands_(chart_.boxes().size(), Stand::unreached) {}
+        stands_(chart_.boxes().size(), Stand::unreached),
+        cells_(chart_.boxes().size()) {
+    for (BoxIndex box = 0; box < cells_.size(); ++box) cells_[subject.firstOf(box)].push_back(box);
+  }
 
   Proof examine() {
     if (isForNoHand()) return std::move(proof_);
@@ -173,9 +176,7 @@ class Examination {
   void visit(BoxIndex box) {
     for (const Answer answer : authoring::answers) {
       const Stand stand = std::min(stands_[box], standOf(box, answer));
-      for (BoxIndex each = box; each < stands_.size(); ++each) {
-        if (subject_.firstOf(each) == box) reach(chart_[each].exits[answer], stand);
-      }
+      for (const BoxIndex each : cells_[box]) reach(chart_[each].exits[answer], stand);
     }
   }
 
@@ -436,7 +437,8 @@ class Examination {
   const HandChart& chart_;
   const Tally& tally_;
   Feasibility& feasibility_;
-  std::vector<Stand> stands_;  // by box; of the first of several cells
+  std::vector<Stand> stands_;                 // by box; of the first of several cells
+  std::vector<std::vector<BoxIndex>> cells_;  // by the first box: all that it stands for
   std::deque<BoxIndex> open_;
   std::map<BoxIndex, Ways> ways_;
   std::map<std::pair<BoxIndex, Answer>, WaySearch> searches_;  // of answers never dealt
