@@ -82,6 +82,8 @@ class Examination {
 
   using Extras = std::vector<std::pair<Wanted, std::string>>;
 
+  static constexpr std::size_t mostQuestions = 200;  // on a way that is searched
+
   // --- searching -------------------------------------------------------------------
 
   const Ways& waysTo(BoxIndex box) {
@@ -113,6 +115,10 @@ class Examination {
     const Ways& ways = waysTo(box);
     if (!ways.areAll) result.search.verdict = Verdict::unsettled;
     for (const Way& way : ways.ways) {
+      if (way.size() > mostQuestions) {  // nobody's way; its conditions would take for ever
+        result.search.verdict = Verdict::unsettled;
+        continue;
+      }
       Conditioned conditions = conditionsOf(way);
       for (const auto& [wanted, where] : extras) conditions.add(wanted, where);
       const Search found = feasibility_.find(conditions.wanted);
