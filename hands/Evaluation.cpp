@@ -12,10 +12,24 @@ const Table nobodyHasCalled;
 
 // The suit of a strain's number; nullptr for what is no suit.
 const Suit* suitIn(double number) {
-  for (const Suit& suit : suits) {
-    if (number == static_cast<double>(suit) + 1) return &suit;
-  }
-  return nullptr;
+  if (!(number >= 1 && number <= static_cast<double>(suits.size()))) return nullptr;
+  const auto place = static_cast<std::size_t>(number);
+  return number == static_cast<double>(place) ? &suits[place - 1] : nullptr;
+}
+
+// With five comparisons and no branch, several times as fast as std::sort for so few.
+void sortFalling(std::array<unsigned, 4>& values) {
+  const auto order = [&values](std::size_t first, std::size_t second) {
+    const auto [low, high] = std::minmax(values[first], values[second]);
+    const unsigned larger = high, smaller = low;
+    values[first] = larger;
+    values[second] = smaller;
+  };
+  order(0, 1);
+  order(2, 3);
+  order(0, 2);
+  order(1, 3);
+  order(1, 2);
 }
 
 double suitOfBid(Call call) {
@@ -63,7 +77,7 @@ void Evaluation::setLengths() {
   // Four times the length and the rank: of two suits as long as one another, the higher is first.
   std::array<unsigned, 4> order = {lengths_[0] * 4U, lengths_[1] * 4U + 1, lengths_[2] * 4U + 2,
                                    lengths_[3] * 4U + 3};
-  std::sort(order.begin(), order.end(), std::greater<>());
+  sortFalling(order);
   std::array<unsigned, 4> counts = {};  // of suits with no, one, two and more cards
   for (std::size_t i = 0; i < order.size(); ++i) {
     sorted_[i] = static_cast<unsigned char>(order[i] / 4);

@@ -1,97 +1,44 @@
 #include "hands/Expression.h"
 
-#include <muParser.h>
-
-#include <algorithm>
+#include "hands/ExpressionTree.h"
 
 namespace tavrel::hands {
-namespace {
 
-const Evaluation& from(void* evaluation) { return *static_cast<const Evaluation*>(evaluation); }
+class Expression::Compiler {
+ public:
+  Compiler(const std::string& text, const ExpressionTree& tree, Evaluation& evaluation,
+           std::vector<Step>& steps)
+      : text_(text), tree_(tree), evaluation_(evaluation), steps_(steps) {}
 
-double length(void* hand, double suit) { return from(hand).length(suit); }
-
-double shape(void* hand, double a, double b, double c, double d) {
-  return from(hand).shape(a, b, c, d);
-}
-
-double exact(void* hand, double spades, double hearts, double diamonds, double clubs) {
-  return from(hand).exact(spades, hearts, diamonds, clubs);
-}
-
-double stopper(void* hand, double suit) { return from(hand).stopper(suit); }
-
-double tops(void* hand, double suit, double count) { return from(hand).tops(suit, count); }
-
-template <Player player>
-double callOf(void* hand, double n) {
-  return from(hand).callOf(player, n);
-}
-
-double largest(const double* values, int count) {
-  return *std::max_element(values, values + count);
-}
-
-double smallest(const double* values, int count) {
-  return *std::min_element(values, values + count);
-}
-
-double negation(double value) { return value == 0 ? 1 : 0; }
-
-// A function whose value hangs on the hand or the table may not be worked out beforehand.
-void define(mu::Parser& program, Function function, const std::string& name, void* evaluation) {
-  constexpr bool isConstant = false;
-  switch (function) {
-    case Function::length:
-      return program.DefineFunUserData(name, length, evaluation, isConstant);
-    case Function::shape:
-      return program.DefineFunUserData(name, shape, evaluation, isConstant);
-    case Function::exact:
-      return program.DefineFunUserData(name, exact, evaluation, isConstant);
-    case Function::stopper:
-      return program.DefineFunUserData(name, stopper, evaluation, isConstant);
-    case Function::tops:
-      return program.DefineFunUserData(name, tops, evaluation, isConstant);
-    case Function::partner:
-      return program.DefineFunUserData(name, callOf<Player::partner>, evaluation, isConstant);
-    case Function::left:
-      return program.DefineFunUserData(name, callOf<Player::left>, evaluation, isConstant);
-    case Function::right:
-      return program.DefineFunUserData(name, callOf<Player::right>, evaluation, isConstant);
-    case Function::own:
-      return program.DefineFunUserData(name, callOf<Player::self>, evaluation, isConstant);
-    case Function::suitOf:
-      return program.DefineFun(name, suitOf);
-    case Function::level:
-      return program.DefineFun(name, level);
-    case Function::max:
-      return program.DefineFun(name, largest);
-    case Function::min:
-      return program.DefineFun(name, smallest);
+  // The step that a part of the tree begins with. What comes behind it is known before it.
+  std::size_t compile(std::size_t at, std::size_t ifTrue, std::size_t ifFalse) {
+    const ExpressionNode& node = tree_[at];
+    if (node.kind == NodeKind::prefix && node.sign == Operator::negation) {
+      return compile(node.operands[0], ifFalse, ifTrue);
+    }
+    if (node.kind == NodeKind::infix && node.sign == Operator::both) {
+      const std::size_t second = compile(node.operands[1], ifTrue, ifFalse);
+      return compile(node.operands[0], second, ifFalse);
+    }
+    if (node.kind == NodeKind::infix && node.sign == Operator::either) {
+      const std::size_t second = compile(node.operands[1], ifTrue, ifFalse);
+      return compile(node.operands[0], ifTrue, second);
+    }
+    steps_.push_back({Term(text_, tree_, at, evaluation_), ifTrue, ifFalse});
+    return steps_.size() - 1;
   }
+
+ private:
+  const std::string& text_;
+  const ExpressionTree& tree_;
+  Evaluation& evaluation_;
+  std::vector<Step>& steps_;
+};
+
+Expression::Expression(const std::string& text, Evaluation& evaluation) {
+  std::vector<Fault> none;
+  const ExpressionTree tree = treeOf(text, none);
+  start_ = Compiler(text, tree, evaluation, steps_).compile(tree.size() - 1, yes, no);
 }
-
-}  // namespace
-
-Expression::Expression(const std::string& text, Evaluation& evaluation)
-    : program_(std::make_unique<mu::Parser>()) {
-  program_->ClearFun();
-  program_->ClearConst();
-  program_->DefineInfixOprt("!", negation);
-  for (const VariableName& name : variableNames()) {
-    program_->DefineVar(std::string(name.name), evaluation.placeOf(name.variable));
-  }
-  for (const ConstantName& name : constantNames()) program_->DefineConst(name.name, name.value);
-  for (const FunctionName& name : functionNames()) {
-    define(*program_, name.function, std::string(name.name), &evaluation);
-  }
-  program_->SetExpr(text);
-}
-
-Expression::~Expression() = default;
-Expression::Expression(Expression&&) noexcept = default;
-Expression& Expression::operator=(Expression&&) noexcept = default;
-
-double Expression::value() const { return program_->Eval(); }
 
 }  // namespace tavrel::hands

@@ -88,6 +88,7 @@ class Feasibility::Trial {
 
   Search find() {
     const std::uint64_t most = std::min(owner_.mostForEach_, owner_.left_);
+    if (most == 0) return {Verdict::unsettled, {}};
     std::uint64_t left = most;
     const Search search = tryAll(left);
     owner_.left_ -= most - left;
@@ -147,8 +148,9 @@ class Feasibility::Trial {
   Search findWith(const Lengths& lengths, const Distinction& distinction, bool withTops,
                   std::uint32_t table, std::uint64_t& left) {
     const std::vector<Hand>* const hands = owner_.kinds_.of(lengths, distinction);
-    if (hands == nullptr || hands->size() > left) return {Verdict::unsettled, {}};
-    left -= hands->size();
+    const std::size_t cost = hands == nullptr ? 0 : hands->size() * (1 + conditionCount() / 8);
+    if (hands == nullptr || cost > left) return {Verdict::unsettled, {}};
+    left -= cost;
     for (const Hand hand : *hands) {
       evaluation_.setHand(hand);
       if (!isFulfilled(ofSums_) || (withTops && !isFulfilled(ofTops_))) continue;
@@ -205,6 +207,8 @@ class Feasibility::Trial {
   // Changes hands card by card, and never back to fewer of the conditions.
   Search steered() {
     constexpr int attempts = 20, steps = 1000;
+    owner_.left_ -= std::min<std::uint64_t>(owner_.left_, attempts * steps);
+    if (owner_.left_ == 0) return {Verdict::unsettled, {}};
     Random random(1);
     for (int attempt = 0; attempt < attempts; ++attempt) {
       const auto table = random.below(static_cast<std::uint32_t>(owner_.tables_.size()));

@@ -40,7 +40,7 @@ class Feasibility {
  public:
   /// So many kinds of hands are tried for one search, and for all of an object. Each takes some
   /// tens of nanoseconds for each condition.
-  static constexpr std::uint64_t mostForOne = 4'000'000, mostForAll = 200'000'000;
+  static constexpr std::uint64_t mostForOne = 4'000'000, mostForAll = 60'000'000;
 
   /// The tables must outlive it.
   explicit Feasibility(const std::vector<Table>& tables, std::uint64_t mostForEach = mostForOne);

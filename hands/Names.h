@@ -66,6 +66,8 @@ struct VariableName {
   Variable variable;
   Type type;
   unsigned basis;
+  int most;       ///< of any hand
+  int parts = 1;  ///< the value is a whole number of so many parts of one
 };
 
 struct ConstantName {

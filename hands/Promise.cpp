@@ -13,17 +13,21 @@ namespace {
 // No box has more text than that; a regular expression would go deep into a longer one.
 constexpr std::size_t longestText = 1000;
 
+std::regex inAnyCase(const std::string& pattern) {
+  return std::regex(pattern, std::regex::ECMAScript | std::regex::icase);
+}
+
 // What makes all of a text uncertain, and what makes the clause uncertain in which it stands.
 const std::regex& doubts() {
-  static const std::regex words(
+  static const std::regex words = inAnyCase(
       "\\b(or|if|unless|perhaps|maybe|usually|mostly|often|nearly|about|except|but|then|over|"
       "after|partner|opener|opponents?|together|combined)\\b");
   return words;
 }
 
 const std::regex& denials() {
-  static const std::regex words(
-      "\\b(no|not|without)\\b|^\\s*with\\b.*\\b(bid|pass|raise|open|jump|double)\\b");
+  static const std::regex words =
+      inAnyCase("\\b(no|not|without)\\b|^\\s*with\\b.*\\b(bid|pass|raise|open|jump|double)\\b");
   return words;
 }
 
@@ -31,18 +35,18 @@ const std::string number = "(^|[^0-9+–-])([0-9]{1,2})";
 const std::string range = number + "(?:\\+|\\s?(?:–|-|to)\\s?([0-9]{1,2}))";
 
 const std::regex& pointsPattern() {
-  static const std::regex pattern(range + "\\s?(hcp\\b|high-card points)");
+  static const std::regex pattern = inAnyCase(range + "\\s?(hcp\\b|high-card points)");
   return pattern;
 }
 
 // Without a unit: points, where nothing follows that could be one.
 const std::regex& barePattern() {
-  static const std::regex pattern(range + "\\s*([?)]|$|(?:and )?balanced\\b)");
+  static const std::regex pattern = inAnyCase(range + "\\s*([?)]|$|(?:and )?balanced\\b)");
   return pattern;
 }
 
 const std::regex& lengthPattern() {
-  static const std::regex pattern(
+  static const std::regex pattern = inAnyCase(
       range +
       "[ -]?(?:cards? )?(?:in )?(♣|♦|♥|♠|clubs?\\b|diamonds?\\b|hearts?\\b|spades?\\b)(?!/)");
   return pattern;
@@ -57,7 +61,7 @@ Variable suitNamed(const std::string& name) {
   for (const auto& [symbol, suit] : symbols) {
     if (name == symbol) return suit;
   }
-  switch (name[0]) {
+  switch (lowerCase(name)[0]) {
     case 'c':
       return Variable::clubs;
     case 'd':
@@ -120,7 +124,7 @@ void addPromisesOf(const std::string& clause, std::vector<Promise>& promises) {
 
 std::vector<Promise> promisesIn(const std::vector<std::string>& lines) {
   std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : " ") + lowerCase(line);
+  for (const std::string& line : lines) text += (text.empty() ? "" : " ") + line;
   std::vector<Promise> promises;
   if (text.size() > longestText || std::regex_search(text, doubts())) return promises;
   for (const std::string& clause : clausesOf(text)) {

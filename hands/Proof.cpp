@@ -55,7 +55,10 @@ class Examination {
         chart_(subject.chart()),
         tally_(tally),
         feasibility_(feasibility),
-        stands_(chart_.boxes().size(), Stand::unreached) {}
+        stands_(chart_.boxes().size(), Stand::unreached),
+        cells_(chart_.boxes().size()) {
+    for (BoxIndex box = 0; box < cells_.size(); ++box) cells_[subject.firstOf(box)].push_back(box);
+  }
 
   Proof examine() {
     if (isForNoHand()) return std::move(proof_);
@@ -78,6 +81,8 @@ class Examination {
   };
 
   using Extras = std::vector<std::pair<Wanted, std::string>>;
+
+  static constexpr std::size_t mostQuestions = 200;  // on a way that is searched
 
   // --- searching -------------------------------------------------------------------
 
@@ -110,6 +115,10 @@ class Examination {
     const Ways& ways = waysTo(box);
     if (!ways.areAll) result.search.verdict = Verdict::unsettled;
     for (const Way& way : ways.ways) {
+      if (way.size() > mostQuestions) {  // nobody's way; its conditions would take for ever
+        result.search.verdict = Verdict::unsettled;
+        continue;
+      }
       Conditioned conditions = conditionsOf(way);
       for (const auto& [wanted, where] : extras) conditions.add(wanted, where);
       const Search found = feasibility_.find(conditions.wanted);
@@ -173,9 +182,7 @@ class Examination {
   void visit(BoxIndex box) {
     for (const Answer answer : authoring::answers) {
       const Stand stand = std::min(stands_[box], standOf(box, answer));
-      for (BoxIndex each = box; each < stands_.size(); ++each) {
-        if (subject_.firstOf(each) == box) reach(chart_[each].exits[answer], stand);
-      }
+      for (const BoxIndex each : cells_[box]) reach(chart_[each].exits[answer], stand);
     }
   }
 
@@ -293,7 +300,7 @@ class Examination {
     const std::string given = std::string("no hand ") +
                               (isProved ? "answers " : "was found that answers ") + nameOf(answer);
     const std::string text =
-        isProved ? given + ": the answer is settled before, as always " + nameOf(otherThan(answer))
+        isProved ? given + ": what is known before settles it as " + nameOf(otherThan(answer))
                  : given + "; whether there is one isn't settled";
     Finding& finding =
         add(FindingKind::deadExit, box, text,
@@ -436,7 +443,8 @@ class Examination {
   const HandChart& chart_;
   const Tally& tally_;
   Feasibility& feasibility_;
-  std::vector<Stand> stands_;  // by box; of the first of several cells
+  std::vector<Stand> stands_;                 // by box; of the first of several cells
+  std::vector<std::vector<BoxIndex>> cells_;  // by the first box: all that it stands for
   std::deque<BoxIndex> open_;
   std::map<BoxIndex, Ways> ways_;
   std::map<std::pair<BoxIndex, Answer>, WaySearch> searches_;  // of answers never dealt

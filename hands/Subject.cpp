@@ -13,6 +13,9 @@ std::size_t callCountOf(const HandBox& box) {
 
 Subject::Subject(const HandChart& chart, const KnownCharts& others)
     : chart_(chart), tables_(tablesOf(chart.conditions())) {
+  std::string all = conditionsFile(chart.conditions());
+  for (const auto& [name, conditions] : others) all += conditionsFile(*conditions);
+  digest_ = digestOf(all);
   std::map<const BoxConditions*, BoxIndex> firsts;
   for (BoxIndex box = 0; box < chart.boxes().size(); ++box) {
     const HandBox& at = chart[box];

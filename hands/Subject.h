@@ -36,6 +36,9 @@ class Subject {
   const HandChart& chart() const { return chart_; }
   const std::vector<Table>& tables() const { return tables_; }
 
+  /// A digest of the chart, its conditions, and those of the charts that it leads into.
+  const std::string& digest() const { return digest_; }
+
   /// The box that stands for this one: the first of those that the author wrote as one.
   BoxIndex firstOf(BoxIndex box) const { return firsts_[box]; }
 
@@ -55,6 +58,7 @@ class Subject {
 
   const HandChart& chart_;
   const std::vector<Table> tables_;
+  std::string digest_;
   std::vector<BoxIndex> firsts_;
   std::vector<std::vector<Promise>> promises_;
   std::map<BoxIndex, LinkedChart> links_;

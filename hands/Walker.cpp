@@ -14,6 +14,8 @@ Walker::Walker(const HandChart& chart)
     : chart_(chart), hand_(compiled(chart.conditions().hand, evaluation_)) {
   for (const HandBox& box : chart.boxes()) {
     Program& program = programs_.emplace_back();
+    program.exits = box.exits;
+    program.isEnd = box.isEnd();
     if (box.conditions == nullptr) continue;
     program.when = compiled(box.conditions->when, evaluation_);
     program.shows = compiled(box.conditions->shows, evaluation_);
@@ -21,12 +23,6 @@ Walker::Walker(const HandChart& chart)
       program.calls.emplace_back(compiled(choice.when, evaluation_), choice.call);
     }
   }
-}
-
-std::optional<Answer> Walker::answerAt(BoxIndex box) const {
-  const std::optional<Expression>& when = programs_[box].when;
-  if (!when) return std::nullopt;
-  return when->isTrue() ? Answer::yes : Answer::no;
 }
 
 std::optional<std::size_t> Walker::choiceAt(BoxIndex end) const {

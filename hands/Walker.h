@@ -42,7 +42,11 @@ class Walker {
   bool isForHand() const { return !hand_ || hand_->isTrue(); }
 
   /// The hand's answer to the question of a box; std::nullopt where it takes judgement.
-  std::optional<Answer> answerAt(BoxIndex box) const;
+  std::optional<Answer> answerAt(BoxIndex box) const {
+    const std::optional<Expression>& when = programs_[box].when;
+    if (!when) return std::nullopt;
+    return when->isTrue() ? Answer::yes : Answer::no;
+  }
 
   /// Which of the calls of an end the hand makes; std::nullopt if none fits.
   std::optional<std::size_t> choiceAt(BoxIndex end) const;
@@ -62,8 +66,11 @@ class Walker {
   BoxIndex end() const { return end_; }
 
  private:
+  // What a walk needs to know of a box stands here together.
   struct Program {
     std::optional<Expression> when;
+    ByAnswer<BoxIndex> exits;
+    bool isEnd;
     std::vector<std::pair<std::optional<Expression>, Call>> calls;
     std::optional<Expression> shows;
   };
@@ -79,12 +86,12 @@ class Walker {
 template <typename Judge>
 Ending Walker::walk(Judge judge) {
   steps_.clear();
-  for (end_ = 0; !chart_[end_].isEnd();) {
-    if (steps_.size() == chart_.boxes().size()) return Ending::loop;
+  for (end_ = 0; !programs_[end_].isEnd;) {
+    if (steps_.size() == programs_.size()) return Ending::loop;
     std::optional<Answer> answer = answerAt(end_);
     if (!answer) answer = judge(end_);
     if (!answer) return Ending::judgement;
-    const BoxIndex next = chart_[end_].exits[*answer];
+    const BoxIndex next = programs_[end_].exits[*answer];
     steps_.push_back({end_, *answer});
     if (next == noBox) return Ending::noExit;
     end_ = next;

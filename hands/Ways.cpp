@@ -35,7 +35,7 @@ class WayFinder {
   Ways found() const { return found_; }
 
  private:
-  static constexpr std::size_t mostSteps = 100'000;
+  static constexpr std::size_t mostSteps = 20'000;  // one within another, at worst
 
   bool hasPassed(BoxIndex box) const {
     return std::any_of(back_.begin(), back_.end(),

@@ -118,7 +118,7 @@ Json written(const Subject& subject, const hands::Finding& finding) {
 Json written(const ChartReport& report) {
   const Subject& subject = *report.subject;
   Json object = {{"chart", subject.chart().name()},
-                 {"digest", subject.chart().conditions().digest},
+                 {"digest", subject.digest()},
                  {"tally", written(subject, report.tally)},
                  {"ends", Json::array()},
                  {"findings", Json::array()},
@@ -238,9 +238,9 @@ ProofSlice readSlice(const std::string& name, std::string_view bytes) try {
 
 hands::Tally tallyIn(const ProofSlice& slice, const hands::Subject& subject) try {
   const Json& chart = chartIn(slice.file, subject.chart().name());
-  if (chart.at("digest") != subject.chart().conditions().digest) {
-    throw Unreadable{"it was made for another file of the chart " + subject.chart().name() +
-                     "; prove all slices again"};
+  if (chart.at("digest") != subject.digest()) {
+    throw Unreadable{"the chart " + subject.chart().name() +
+                     ", or one that it leads into, was another then; prove all slices again"};
   }
   const Tally tally = tallyOf(chart.at("tally"), subject);
   if (tally.deals != slice.range.end - slice.range.first) throw Unreadable{noReport};

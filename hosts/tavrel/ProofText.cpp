@@ -137,15 +137,15 @@ class Writer {
 
   void writeExample(const ChartReport& chart, const Finding& finding) {
     const std::string seen = finding.count == 0
-                                 ? "in none of the deals, but for"
-                                 : "in " + counted(finding.count, "deal") + ", first";
+                                 ? "in none of the deals, but with"
+                                 : "in " + counted(finding.count, "deal") + ", first with";
     add("  " + seen + " " + written(finding.position->hand) + " (" +
         auctionOf(chart, *finding.position) + ")");
   }
 
   void write(const hands::Refutation& refutation) {
     const bool isOne = refutation.conditions.size() == 1;
-    add(isOne ? "  no hand has" : "  no hand has together");
+    add(isOne ? "  no hand fulfils" : "  no hand fulfils all of");
     for (const std::string& condition : refutation.conditions) add("    " + condition);
   }
 

@@ -44,6 +44,11 @@ TEST(Promise, IsTheLengthOfASuit) {
   EXPECT_EQ(promised({"5+ spades, 12–21 HCP"}), "spades 5+, hcp 12-21");
 }
 
+TEST(Promise, KeepsTheWordsOfTheText) {
+  EXPECT_EQ(promisesIn({"Open 1NT: 15–17 HCP"}).at(0).words, "15–17 HCP");
+  EXPECT_EQ(promisesIn({"5+ Hearts"}).at(0).words, "5+ Hearts");
+}
+
 TEST(Promise, IsNothingThatATextLeavesOpen) {
   EXPECT_EQ(promised({"22+ HCP, or nearly game in your hand?"}), "");
   EXPECT_EQ(promised({"Bid 5NT;", "with 22+ bid 7NT"}), "");
