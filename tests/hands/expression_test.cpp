@@ -65,6 +65,52 @@ TEST(Expression, MayBeMoved) {
   EXPECT_TRUE(third.isTrue());
 }
 
+// What few numbers decide is looked up, and all their values have a place.
+TEST(Expression, KnowsTheTruthOfAllHands) {
+  Evaluation evaluation;
+  const std::vector<std::string> texts = {"hcp >= 12",
+                                          "points > 13",
+                                          "quick >= 1.5",
+                                          "spades >= hearts",
+                                          "losers != 7",
+                                          "longestSuit == S",
+                                          "balanced",
+                                          "hcp + longest + second >= 20",
+                                          "voids > 0",
+                                          "max(clubs, 4) == 5",
+                                          "seat == 4",
+                                          "secondSuit < longestSuit",
+                                          "controls < aces * 3",
+                                          "kings + singletons - doubletons == 1",
+                                          "support == 0"};
+  Random random(3);
+  for (const std::string& text : texts) {
+    ASSERT_TRUE(checkExpression(text, Type::truth).faults.empty()) << text;
+    const Expression expression(text, evaluation);
+    std::size_t trues = 0;
+    for (int i = 0; i < 20'000; ++i) {
+      evaluation.setHand(dealHand(random));
+      const bool isTrue = expression.isTrue();
+      ASSERT_EQ(isTrue, expression.value() != 0) << text << " of " << written(evaluation.hand());
+      trues += isTrue ? 1 : 0;
+    }
+    EXPECT_EQ(trues == 0, text == "seat == 4") << text;
+  }
+}
+
+// Other numbers of cards than thirteen have values that no hand has.
+TEST(Expression, KnowsTheTruthOfAnyCards) {
+  Evaluation evaluation;
+  const Expression expression("voids >= 4", evaluation), pack("hcp >= 38", evaluation);
+  EXPECT_TRUE(expression.isTrue());
+  EXPECT_FALSE(pack.isTrue());
+  Hand all;
+  for (const Suit suit : suits) all.setHolding(suit, holdingCount - 1);
+  evaluation.setHand(all);
+  EXPECT_FALSE(expression.isTrue());
+  EXPECT_TRUE(pack.isTrue());
+}
+
 // --- the same as the tree ---------------------------------------------------------
 
 // Hands and auctions that differ in what expressions ask of them.
@@ -98,6 +144,10 @@ bool agrees(const std::string& text, Random& random, int hands) {
     const double value = program.value(), expected = plain.valueOf(text);
     EXPECT_PRED2(isSame, value, expected) << text;
     if (!isSame(value, expected)) return false;
+    // A truth may have been looked up where the value is worked out.
+    const bool isTrue = expected != 0;
+    EXPECT_EQ(program.isTrue(), isTrue) << text << " of " << written(evaluation.hand());
+    if (program.isTrue() != isTrue) return false;
   }
   return true;
 }

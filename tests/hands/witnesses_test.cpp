@@ -21,14 +21,16 @@ namespace fs = std::filesystem;
 std::vector<fs::path> sources() {
   std::set<fs::path> all;
   for (const auto& entry : fs::directory_iterator(TAVREL_SOURCES)) {
-    if (entry.path().extension() == ".hands") all.insert(entry.path());
+    if (entry.path().extension() == ".yaml") all.insert(entry.path());
   }
   return {all.begin(), all.end()};
 }
 
 TEST(Witnesses, BesideTheChartsComeToTheirEnds) {
-  for (const fs::path& file : sources()) {
-    const TestChart test(readFile(fs::path(file).replace_extension(".yaml")));
+  ASSERT_FALSE(sources().empty());
+  for (const fs::path& source : sources()) {
+    const fs::path file = fs::path(source).replace_extension(".hands");
+    const TestChart test(readFile(source));
     const auto read = readWitnesses(readFile(file));
     ASSERT_TRUE(std::holds_alternative<std::vector<Witness>>(read)) << std::get<std::string>(read);
     std::set<std::string> ends;
