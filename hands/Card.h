@@ -33,6 +33,12 @@ struct Card {
   }
 };
 
+/// A card of the pack by its number, 0 to 51: suit by suit, the twos first.
+constexpr Card cardOf(std::size_t number) {
+  return {static_cast<Suit>(number / cardsInSuit),
+          static_cast<Rank>(number % cardsInSuit) + lowestRank};
+}
+
 /// 'C', 'D', 'H' or 'S'.
 constexpr char letterOf(Suit suit) { return "CDHS"[static_cast<std::size_t>(suit)]; }
 

@@ -22,17 +22,14 @@ constexpr Pack sortedPack() {
   return pack;
 }
 
-constexpr Card cardOf(std::uint8_t number) {
-  return {static_cast<Suit>(number / cardsInSuit),
-          static_cast<Rank>(number % cardsInSuit) + lowestRank};
-}
-
 // Takes a card from those from `first` on, and puts it there.
 Card draw(Pack& pack, std::size_t first, Random& random) {
   const std::size_t drawn = first + random.below(static_cast<std::uint32_t>(pack.size() - first));
   std::swap(pack[first], pack[drawn]);
   return cardOf(pack[first]);
 }
+
+Card drawn(Random& random) { return cardOf(random.below(cardsInPack)); }
 
 }  // namespace
 
@@ -62,6 +59,15 @@ Hand dealHand(Random& random) {
   Pack pack = sortedPack();
   Hand hand;
   for (std::size_t i = 0; i < cardsInHand; ++i) hand.add(draw(pack, i, random));
+  return hand;
+}
+
+Hand withAnotherCard(Hand hand, Random& random) {
+  Card out = drawn(random), in = drawn(random);
+  while (!hand.has(out)) out = drawn(random);
+  while (hand.has(in)) in = drawn(random);
+  hand.remove(out);
+  hand.add(in);
   return hand;
 }
 

@@ -36,6 +36,10 @@ Deal deal(Random& random);
 /// One hand of a deal. Cost: thirteen random numbers.
 Hand dealHand(Random& random);
 
+/// The hand with one of its cards, each as likely as any other, exchanged for one that it hasn't.
+/// REQUIRES: it has neither no card nor the whole pack.
+Hand withAnotherCard(Hand hand, Random& random);
+
 }  // namespace tavrel::hands
 
 #endif  // TAVREL_HANDS_DEAL_H

@@ -1,19 +1,6 @@
 #include "hands/Dealer.h"
 
-#include <array>
-
 namespace tavrel::hands {
-namespace {
-
-Card cardOf(std::uint32_t number) {
-  return {static_cast<Suit>(number / cardsInSuit),
-          static_cast<Rank>(number % cardsInSuit) + lowestRank};
-}
-
-Card drawn(Random& random) { return cardOf(random.below(cardsInPack)); }
-
-}  // namespace
-
 std::vector<Table> tablesOf(const Conditions& conditions) {
   std::vector<Auction> auctions = conditions.auctions;
   if (auctions.empty()) auctions.emplace_back();
@@ -30,15 +17,6 @@ std::vector<Table> tablesOf(const Conditions& conditions) {
 const char* vulnerabilityOf(const Table& table) {
   if (table.isVulnerable) return table.areTheyVulnerable ? "both" : "we";
   return table.areTheyVulnerable ? "they" : "none";
-}
-
-Hand withAnotherCard(Hand hand, Random& random) {
-  Card out = drawn(random), in = drawn(random);
-  while (!hand.has(out)) out = drawn(random);
-  while (hand.has(in)) in = drawn(random);
-  hand.remove(out);
-  hand.add(in);
-  return hand;
 }
 
 Dealer::Dealer(Walker& walker, const std::vector<Table>& tables, std::optional<Position> known)

@@ -48,9 +48,6 @@ class Dealer {
   std::uint32_t table_ = 0;  // of the evaluation
 };
 
-/// The hand with one of its cards exchanged for another one.
-Hand withAnotherCard(Hand hand, Random& random);
-
 }  // namespace tavrel::hands
 
 #endif  // TAVREL_HANDS_DEALER_H

@@ -1,7 +1,9 @@
 #include "hands/Promise.h"
 
+#include <re2/re2.h>
+
 #include <array>
-#include <regex>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -10,46 +12,57 @@
 namespace tavrel::hands {
 namespace {
 
-// No box has more text than that; a regular expression would go deep into a longer one.
-constexpr std::size_t longestText = 1000;
-
-std::regex inAnyCase(const std::string& pattern) {
-  return std::regex(pattern, std::regex::ECMAScript | std::regex::icase);
-}
-
 // What makes all of a text uncertain, and what makes the clause uncertain in which it stands.
-const std::regex& doubts() {
-  static const std::regex words = inAnyCase(
-      "\\b(or|if|unless|perhaps|maybe|usually|mostly|often|nearly|about|except|but|then|over|"
+const RE2& doubts() {
+  static const RE2 words(
+      "(?i)\\b(?:or|if|unless|perhaps|maybe|usually|mostly|often|nearly|about|except|but|then|over|"
       "after|partner|opener|opponents?|together|combined)\\b");
   return words;
 }
 
-const std::regex& denials() {
-  static const std::regex words =
-      inAnyCase("\\b(no|not|without)\\b|^\\s*with\\b.*\\b(bid|pass|raise|open|jump|double)\\b");
+const RE2& denials() {
+  static const RE2 words(
+      "(?i)\\b(?:no|not|without)\\b|^\\s*with\\b.*\\b(?:bid|pass|raise|open|jump|double)\\b");
   return words;
 }
 
-const std::string number = "(^|[^0-9+–-])([0-9]{1,2})";
-const std::string range = number + "(?:\\+|\\s?(?:–|-|to)\\s?([0-9]{1,2}))";
+// "5+", "15–17": the bounds, and behind them the unit.
+const std::string range = "(?i)(?:^|[^0-9+–-])([0-9]{1,2})(?:\\+|\\s?(?:–|-|to)\\s?([0-9]{1,2}))";
 
-const std::regex& pointsPattern() {
-  static const std::regex pattern = inAnyCase(range + "\\s?(hcp\\b|high-card points)");
+const RE2& pointsPattern() {
+  static const RE2 pattern(range + "\\s?(hcp\\b|high-card points)");
   return pattern;
 }
 
 // Without a unit: points, where nothing follows that could be one.
-const std::regex& barePattern() {
-  static const std::regex pattern = inAnyCase(range + "\\s*([?)]|$|(?:and )?balanced\\b)");
+const RE2& barePattern() {
+  static const RE2 pattern(range + "\\s*([?)]|$|(?:and )?balanced\\b)");
   return pattern;
 }
 
-const std::regex& lengthPattern() {
-  static const std::regex pattern = inAnyCase(
-      range +
-      "[ -]?(?:cards? )?(?:in )?(♣|♦|♥|♠|clubs?\\b|diamonds?\\b|hearts?\\b|spades?\\b)(?!/)");
+const RE2& lengthPattern() {
+  static const RE2 pattern(
+      range + "[ -]?(?:cards? )?(?:in )?(♣|♦|♥|♠|clubs?\\b|diamonds?\\b|hearts?\\b|spades?\\b)");
   return pattern;
+}
+
+// A range that stands in a text.
+struct Match {
+  std::string low, high, unit;  // no high bound: "5+"
+  std::string words;            // from the low bound to the unit
+  std::size_t end;              // in the text
+};
+
+std::optional<Match> find(const std::string& text, std::size_t from, const RE2& pattern) {
+  std::array<re2::StringPiece, 4> parts;
+  const bool isThere = pattern.Match(text, from, text.size(), RE2::UNANCHORED, parts.data(),
+                                     static_cast<int>(parts.size()));
+  if (!isThere) return std::nullopt;
+  const auto& [all, low, high, unit] = parts;
+  const auto first = static_cast<std::size_t>(low.data() - text.data());
+  const auto end = static_cast<std::size_t>(unit.data() + unit.size() - text.data());
+  return Match{low.ToString(), high.ToString(), unit.ToString(), text.substr(first, end - first),
+               end};
 }
 
 Variable suitNamed(const std::string& name) {
@@ -86,37 +99,36 @@ std::vector<std::string> clausesOf(const std::string& text) {
 }
 
 // A range that runs backwards is a shape, or no range at all.
-std::optional<Promise> promiseOf(const std::smatch& match, Variable what) {
+void add(const Match& match, Variable what, std::vector<Promise>& promises) {
   Promise promise;
   promise.what = what;
-  promise.low = std::stoi(match[2]);
-  if (match[3].matched) promise.high = std::stoi(match[3]);
-  if (promise.high && *promise.high <= promise.low) return std::nullopt;
-  promise.words = std::string(match[2].first, match[4].second);
-  return promise;
-}
-
-void add(const std::smatch& match, Variable what, std::vector<Promise>& promises) {
-  if (auto promise = promiseOf(match, what)) promises.push_back(std::move(*promise));
+  promise.low = std::stoi(match.low);
+  if (!match.high.empty()) promise.high = std::stoi(match.high);
+  if (promise.high && *promise.high <= promise.low) return;
+  promise.words = match.words;
+  promises.push_back(std::move(promise));
 }
 
 // So few can be a length, or tricks.
-bool arePoints(const std::smatch& match) {
+bool arePoints(const Match& match) {
   constexpr int leastPoints = 8;
-  return std::stoi(match[match[3].matched ? 3 : 2]) >= leastPoints;
+  return std::stoi(match.high.empty() ? match.low : match.high) >= leastPoints;
+}
+
+// Two suits with a bar between them are one or the other.
+bool isOneOfTwo(const std::string& clause, const Match& match) {
+  return match.end < clause.size() && clause[match.end] == '/';
 }
 
 void addPromisesOf(const std::string& clause, std::vector<Promise>& promises) {
-  std::smatch match;
-  if (std::regex_search(clause, match, pointsPattern())) {
-    add(match, Variable::hcp, promises);
-  } else if (std::regex_search(clause, match, barePattern()) && arePoints(match)) {
-    add(match, Variable::hcp, promises);
+  if (const auto points = find(clause, 0, pointsPattern())) {
+    add(*points, Variable::hcp, promises);
+  } else if (const auto bare = find(clause, 0, barePattern()); bare && arePoints(*bare)) {
+    add(*bare, Variable::hcp, promises);
   }
-  const std::sregex_iterator end;
-  for (std::sregex_iterator found(clause.begin(), clause.end(), lengthPattern()); found != end;
-       ++found) {
-    add(*found, suitNamed((*found)[4]), promises);
+  for (auto length = find(clause, 0, lengthPattern()); length;
+       length = find(clause, length->end, lengthPattern())) {
+    if (!isOneOfTwo(clause, *length)) add(*length, suitNamed(length->unit), promises);
   }
 }
 
@@ -126,9 +138,9 @@ std::vector<Promise> promisesIn(const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += (text.empty() ? "" : " ") + line;
   std::vector<Promise> promises;
-  if (text.size() > longestText || std::regex_search(text, doubts())) return promises;
+  if (RE2::PartialMatch(text, doubts())) return promises;
   for (const std::string& clause : clausesOf(text)) {
-    if (!std::regex_search(clause, denials())) addPromisesOf(clause, promises);
+    if (!RE2::PartialMatch(clause, denials())) addPromisesOf(clause, promises);
   }
   return promises;
 }

@@ -12,21 +12,6 @@ constexpr int stepsOfStirring = 200;
 
 std::optional<Answer> judgeNothing(BoxIndex) { return std::nullopt; }
 
-Card drawn(Random& random) {
-  const std::uint32_t number = random.below(cardsInPack);
-  return {static_cast<Suit>(number / cardsInSuit),
-          static_cast<Rank>(number % cardsInSuit) + lowestRank};
-}
-
-Hand withAnotherCard(Hand hand, Random& random) {
-  Card out = drawn(random), in = drawn(random);
-  while (!hand.has(out)) out = drawn(random);
-  while (hand.has(in)) in = drawn(random);
-  hand.remove(out);
-  hand.add(in);
-  return hand;
-}
-
 void drawVulnerability(Table& table, Random& random) {
   const std::uint32_t drawn = random.below(4);
   table.isVulnerable = (drawn & 1U) != 0;

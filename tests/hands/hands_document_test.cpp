@@ -1,9 +1,10 @@
 // docs/hands.md: it has all names, and its examples are true.
 
 #include <gtest/gtest.h>
+#include <re2/re2.h>
 
 #include <algorithm>
-#include <regex>
+#include <array>
 #include <set>
 #include <sstream>
 #include <string>
@@ -28,13 +29,14 @@ struct Example {
 std::string text() { return readFile(TAVREL_HANDS_DOCUMENT); }
 
 std::vector<Example> examples() {
-  const std::regex form(
+  static const RE2 form(
       "`([^`]+)` of `([^`]+)`(?: after `([^`]+)`)?(?:, (we|they) vulnerable,)? is `([^`]+)`");
   const std::string document = text();
+  re2::StringPiece rest(document);
   std::vector<Example> all;
-  for (std::sregex_iterator match(document.begin(), document.end(), form), end; match != end;
-       ++match) {
-    all.push_back({(*match)[1], (*match)[2], (*match)[3], (*match)[4], (*match)[5]});
+  for (std::array<std::string, 5> part;
+       RE2::FindAndConsume(&rest, form, &part[0], &part[1], &part[2], &part[3], &part[4]);) {
+    all.push_back({part[0], part[1], part[2], part[3], part[4]});
   }
   return all;
 }
@@ -46,11 +48,9 @@ std::set<std::string> namesInTables() {
   for (std::string line; std::getline(lines, line);) {
     if (line.rfind("| ", 0) != 0) continue;
     const std::string column = line.substr(0, line.find('|', 1));
-    const std::regex quoted("`([A-Za-z0-9]+)(\\([^`]*\\))?`");
-    for (std::sregex_iterator match(column.begin(), column.end(), quoted), end; match != end;
-         ++match) {
-      names.insert((*match)[1]);
-    }
+    static const RE2 quoted("`([A-Za-z0-9]+)(?:\\([^`]*\\))?`");
+    re2::StringPiece rest(column);
+    for (std::string name; RE2::FindAndConsume(&rest, quoted, &name);) names.insert(name);
   }
   return names;
 }
@@ -119,20 +119,21 @@ TEST(HandsDocument, HasConditionsThatAreTaken) {
 }
 
 TEST(HandsDocument, HasPatternsThatStandForTheirAuctions) {
-  const std::regex form("\\n\\| (?:`([^`]+)`|<code>([^<]+)</code>) \\| ((?:`[^`]+`,? ?)+)\\|");
+  static const RE2 form("\\n\\| (?:`([^`]+)`|<code>([^<]+)</code>) \\| ((?:`[^`]+`,? ?)+)\\|");
   const std::string document = text();
   const std::size_t start = document.find("\n## Patterns");
   const std::string part = document.substr(start, document.find("\n## ", start + 1) - start);
   std::size_t count = 0;
-  for (std::sregex_iterator match(part.begin(), part.end(), form), end; match != end; ++match) {
-    std::string pattern = std::string((*match)[1]) + std::string((*match)[2]), auctions;
-    pattern = std::regex_replace(pattern, std::regex("&#124;"), "|");
+  re2::StringPiece rest(part);
+  for (std::string plain, code, said; RE2::FindAndConsume(&rest, form, &plain, &code, &said);) {
+    std::string pattern = plain + code, auctions;
+    RE2::GlobalReplace(&pattern, "&#124;", "|");
     const auto read = auctionsOf(pattern);
     ASSERT_TRUE(std::holds_alternative<std::vector<Auction>>(read)) << pattern;
     for (const Auction& auction : std::get<std::vector<Auction>>(read)) {
       auctions += (auctions.empty() ? "`" : ", `") + written(auction) + "`";
     }
-    EXPECT_EQ(auctions + " ", (*match)[3]) << pattern;
+    EXPECT_EQ(auctions + " ", said) << pattern;
     ++count;
   }
   EXPECT_EQ(count, 3U);
