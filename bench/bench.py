@@ -3,10 +3,9 @@
     scripts/bench [--write | NAME...]
 
 Installs what is missing, builds the preset "bench" and runs its programs, all or
-those named: read, find, rectangle, move, redraw, start, allocations, layout,
-hands. Exit status 1
-says that a bar was missed, 2 that it could not measure. --write also puts the tables
-into docs/performance.md. TAVREL_BENCH_BUILD=FOLDER in the environment takes the
+those named: read, find, rectangle, move, redraw, start, allocations, layout, hands.
+Exit status 1 says that a bar was missed, 2 that it could not measure. --write also
+puts the tables into docs/performance.md. TAVREL_BENCH_BUILD=FOLDER in the environment takes the
 programs of a build that is there already.
 """
 
@@ -35,7 +34,7 @@ NAMES = ["read", "find", "rectangle", "move", "redraw", "start", "allocations", 
 PEERS = ["libsimdjson-dev", "rapidjson-dev", "nlohmann-json3-dev", "libboost1.81-dev",
          "graphviz"]
 TOOLS = ["cmake", "g++", "ninja-build", "libutf8proc-dev", "libyaml-cpp-dev", "libmuparser-dev",
-         "libxxhash-dev", "pkg-config"]
+         "libre2-dev", "libxxhash-dev", "pkg-config"]
 HEADINGS = ["question", "contestant", "median", "quartiles", "Tavrel, to it", "bar", "met"]
 
 

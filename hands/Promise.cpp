@@ -60,7 +60,8 @@ std::optional<Match> find(const std::string& text, std::size_t from, const RE2& 
   if (!isThere) return std::nullopt;
   const auto& [all, low, high, unit] = parts;
   const auto first = static_cast<std::size_t>(low.data() - text.data());
-  const auto end = static_cast<std::size_t>(unit.data() + unit.size() - text.data());
+  const bool isWord = unit != "?" && unit != ")";
+  const auto end = static_cast<std::size_t>(unit.data() - text.data()) + (isWord ? unit.size() : 0);
   return Match{low.ToString(), high.ToString(), unit.ToString(), text.substr(first, end - first),
                end};
 }

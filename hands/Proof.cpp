@@ -258,6 +258,7 @@ class Examination {
   void reportQuestion(BoxIndex box) {
     for (const Answer answer : authoring::answers) reportAnswer(box, answer);
     reportText(box, tally_.boxes[box].answers.yes.count, answerAt(box, Answer::yes));
+    reportWhole(box);
     const Seen& loop = tally_.boxes[box][Fall::loop];
     if (loop.count == 0) return;
     addSeen(FindingKind::loop, box, loop, "hands go round in a circle from here",
@@ -373,6 +374,28 @@ class Examination {
     reportFall(FindingKind::falseText, box, Fall::notAsText, extras,
                "the text says \"" + words + "\", which is false",
                "mend the text, or the conditions");
+  }
+
+  // Where a question is a range and nothing else, every hand in it answers yes.
+  void reportWhole(BoxIndex box) {
+    const std::string* const when = whenOf(box);
+    if (when == nullptr || subject_.promisesOf(box).size() != 1) return;
+    const Promise& promise = subject_.promisesOf(box).front();
+    if (textOf(box) != promise.words && textOf(box) != promise.words + "?") return;
+    const WaySearch found =
+        search(box, {{{*when, false}, chart_.nameOf(box)}, {{expressionOf(promise), true}, ""}});
+    if (found.search.verdict != Verdict::found) return;
+    Seen seen;
+    seen.position = found.search.position;
+    addSeen(FindingKind::falseText, box, seen,
+            "the text asks for \"" + promise.words + "\", and hands with that answer no",
+            "mend the text, or the condition");
+  }
+
+  std::string textOf(BoxIndex box) const {
+    std::string text;
+    for (const std::string& line : chart_[box].text) text += (text.empty() ? "" : " ") + line;
+    return text;
   }
 
   void reportBounds(BoxIndex box) {

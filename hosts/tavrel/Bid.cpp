@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "authoring/InShort.h"
 #include "hands/HandFile.h"
 #include "hosts/tavrel/BidReport.h"
 #include "hosts/tavrel/Failure.h"
@@ -65,10 +66,13 @@ class Bidder {
   int bidAll() {
     int status = 0;
     std::size_t number = 0;
-    for (std::string line; std::getline(std::cin, line);) {
+    bool isFirst = true;  // of those that say anything
+    for (std::string line; readLine(line);) {
       ++number;
+      if (number == 1) removeByteOrderMark(line);
       if (line.find_first_not_of(" \t\r") == std::string::npos || line[0] == '#') continue;
-      if (number == 1 && isDealFile(line)) return bidFile(line + "\n" + restOfInput());
+      if (isFirst && isDealFile(line)) return bidFile(line + "\n" + restOfInput());
+      isFirst = false;
       tell(bidLine(line, "line " + std::to_string(number)), status);
     }
     return status;
@@ -86,6 +90,22 @@ class Bidder {
   }
 
  private:
+  // A file of deals may stand in one line; more than that can't be anybody's hand.
+  static bool readLine(std::string& line) {
+    constexpr std::size_t longest = std::size_t{1} << 20;
+    line.clear();
+    int byte = 0;
+    while ((byte = std::cin.get()) != std::istream::traits_type::eof() && byte != '\n') {
+      if (line.size() < longest) line += static_cast<char>(byte);
+    }
+    return byte == '\n' || !line.empty();
+  }
+
+  static void removeByteOrderMark(std::string& line) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (line.compare(0, mark.size(), mark) == 0) line.erase(0, mark.size());
+  }
+
   static std::string restOfInput() {
     return std::cin.eof() ? std::string() : std::string(readInput("-").bytes());
   }
@@ -118,7 +138,7 @@ class Bidder {
   } catch (const Failure& failure) {
     tellFailure(place + ": " + failure.what());
     const std::string why = printable(failure.what(), Charset::utf8);
-    return {arguments_.asJson ? failureJson(why) : "!\t" + text, failureStatus};
+    return {arguments_.asJson ? failureJson(why) : "!\t" + authoring::inShort(text), failureStatus};
   }
 
   Result bidLine(const std::string& line, const std::string& place) {

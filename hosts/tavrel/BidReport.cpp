@@ -45,9 +45,14 @@ std::optional<Call> calledInstead(const Bid& bid) {
   return auction[last.turn];
 }
 
+// What follows from a call doesn't where another one was made.
+bool isFollowed(const Bid& bid) {
+  return bid.walked.last().ending == Ending::end && !calledInstead(bid);
+}
+
 std::optional<Forcing> forcingOf(const Bid& bid) {
   const ChartWalk& last = bid.walked.last();
-  if (last.ending != Ending::end || last.said == nullptr) return std::nullopt;
+  if (!isFollowed(bid) || last.said == nullptr) return std::nullopt;
   return last.said->forcing;
 }
 
@@ -87,7 +92,7 @@ std::string whoCalls(const Bid& bid, std::size_t turn) {
 
 std::string nextLine(const Bid& bid) {
   const ChartWalk& last = bid.walked.last();
-  if (last.ending != Ending::end || last.link.empty()) return "";
+  if (!isFollowed(bid) || last.link.empty()) return "";
   std::string line = "next: " + last.link;
   if (bid.walked.nextTurn) line += ", at the turn of " + whoCalls(bid, *bid.walked.nextTurn);
   return line + "\n";
@@ -140,7 +145,7 @@ Json jsonOf(const ChartWalk& walk, const Bid& bid, const Library& library) {
 
 Json nextJson(const Bid& bid) {
   const ChartWalk& last = bid.walked.last();
-  if (last.ending != Ending::end || last.link.empty()) return nullptr;
+  if (!isFollowed(bid) || last.link.empty()) return nullptr;
   Json next;
   next["chart"] = last.link;
   next["seat"] = nullptr;

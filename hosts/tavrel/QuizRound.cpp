@@ -159,7 +159,9 @@ void QuizRound::tellMisses() {
     Correction correction(answer.asked, answer.given);
     out_.line(std::to_string(number) + ". " + inOneLine(answer.asked.question));
     out_.line("   You: " + shownCall(answer.given) +
-              ". The chart: " + shownCall(correction.chartsCall()) + ". You part at:");
+              ". The chart: " + shownCall(correction.chartsCall()) + ". " +
+              (correction.isWithoutParting() ? "No end makes your call; the chart begins so:"
+                                             : "You part at:"));
     out_.line("   " + correction.inShort());
     out_.line();
   }

@@ -40,6 +40,9 @@ class Correction {
 
   hands::Call chartsCall() const { return right_; }
 
+  /// Whether no end of the chart makes the call that was given: they part from the beginning.
+  bool isWithoutParting() const { return !parting_; }
+
   /// The question where they part, with its answer and its commentary.
   Lines parting();
 

@@ -47,6 +47,7 @@ TEST(Promise, IsTheLengthOfASuit) {
 TEST(Promise, KeepsTheWordsOfTheText) {
   EXPECT_EQ(promisesIn({"Open 1NT: 15–17 HCP"}).at(0).words, "15–17 HCP");
   EXPECT_EQ(promisesIn({"5+ Hearts"}).at(0).words, "5+ Hearts");
+  EXPECT_EQ(promisesIn({"Bid 1NT (15–17)"}).at(0).words, "15–17");
 }
 
 TEST(Promise, IsNothingThatATextLeavesOpen) {

@@ -109,6 +109,32 @@ TEST(Proof, FindsAGapBetweenTwoRanges) {
   EXPECT_LE(evaluation[Variable::hcp], 14);
 }
 
+// The hands with 12 and 13 points are said to answer yes, and answer no.
+TEST(Proof, FindsAGapBetweenAQuestionAndItsCondition) {
+  const TestChart test(chartOf(R"(
+  strong: {text: "12+ HCP?", when: "hcp >= 14", yes: open-1c, no: pass}
+  open-1c: {text: "Open 1♣", call: 1C}
+  pass: {text: "Pass", call: P}
+)"));
+  const Finding finding = theFinding(test);
+  EXPECT_EQ(brief(test.chart(), finding), "false text: strong");
+  ASSERT_TRUE(finding.position.has_value());
+  Evaluation evaluation;
+  evaluation.setHand(finding.position->hand);
+  EXPECT_GE(evaluation[Variable::hcp], 12);
+  EXPECT_LE(evaluation[Variable::hcp], 13);
+}
+
+// Other words may ask for more than points.
+TEST(Proof, LetsAQuestionAskForMoreThanItsRange) {
+  const TestChart test(chartOf(R"(
+  strong: {text: "12+ HCP and balanced?", when: "hcp >= 12 && balanced", yes: open-1c, no: pass}
+  open-1c: {text: "Open 1♣", call: 1C}
+  pass: {text: "Pass", call: P}
+)"));
+  EXPECT_EQ(found(test), Lines());
+}
+
 TEST(Proof, FindsAnAnswerThatLeadsNowhere) {
   const TestChart test(chartOf(R"(
   strong: {text: "15–17 HCP?", when: "hcp >= 15 && hcp <= 17", yes: open-1nt, no: weak}
