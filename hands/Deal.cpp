@@ -16,7 +16,7 @@ constexpr std::uint64_t step = 0x9E3779B97F4A7C15U;
 
 using Pack = std::array<std::uint8_t, cardsInPack>;
 
-constexpr Pack sortedPack() {
+Pack sortedPack() {
   Pack pack = {};
   for (std::size_t i = 0; i < pack.size(); ++i) pack[i] = static_cast<std::uint8_t>(i);
   return pack;

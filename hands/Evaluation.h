@@ -31,7 +31,6 @@ class Evaluation {
   void setTable(const Table& table);
 
   Hand hand() const { return hand_; }
-  const Table& table() const { return *table_; }
 
   double operator[](Variable variable) const { return values_[static_cast<std::size_t>(variable)]; }
 

@@ -24,9 +24,6 @@ struct EndName {
   friend bool operator<(const EndName& a, const EndName& b) {
     return std::tie(a.chart, a.end) < std::tie(b.chart, b.end);
   }
-  friend bool operator==(const EndName& a, const EndName& b) {
-    return a.chart == b.chart && a.end == b.end;
-  }
 };
 
 /// How an end has been answered.

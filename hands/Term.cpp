@@ -111,7 +111,6 @@ Term::Term(std::string_view text, const ExpressionTree& tree, std::size_t at,
 
 Term::~Term() = default;
 Term::Term(Term&&) noexcept = default;
-Term& Term::operator=(Term&&) noexcept = default;
 
 // Whether its variables alone decide the part of the tree, and have few values together.
 bool Term::addAxes(const ExpressionTree& tree, std::size_t at, Evaluation& evaluation) {

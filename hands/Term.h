@@ -28,7 +28,6 @@ class Term {
   Term(std::string_view text, const ExpressionTree& tree, std::size_t at, Evaluation& evaluation);
   ~Term();
   Term(Term&&) noexcept;
-  Term& operator=(Term&&) noexcept;
 
   /// Its value for the hand and the table that the evaluation has now; true is 1. No allocation
   /// but at the first time.

@@ -98,6 +98,16 @@ TEST(Deal, GivesEveryCardToEverySeatAlike) {
   expectLikely(chiSquared * 51 / 52, 51 * 3);
 }
 
+// A third of what is drawn has to be drawn again here.
+TEST(Random, IsAsLikelyToBeAnyNumberBelowALargeBound) {
+  constexpr std::uint32_t bound = 3'000'000'000U;
+  constexpr int draws = 100'000;
+  Random random(6);
+  std::array<int, 3> counts = {};  // of the thirds
+  for (int i = 0; i < draws; ++i) ++counts.at(random.below(bound) / 1'000'000'000U);
+  for (const int count : counts) EXPECT_NEAR(count, draws / 3, 1'000);
+}
+
 TEST(Deal, OfASeedAndANumberIsAlwaysTheSame) {
   Random one(5, 77), again(5, 77), other(5, 78);
   const Hand hand = dealHand(one);

@@ -127,5 +127,10 @@ TEST(HandText, HasThirteenCardsAfterAnySlip) {
   }
 }
 
+TEST(HandText, IsShownAsPlayersReadIt) {
+  EXPECT_EQ(shown(std::get<Hand>(readHand("AQT85.KJ7.KQ4.J6"))), "♠AQT85 ♥KJ7 ♦KQ4 ♣J6");
+  EXPECT_EQ(shown(std::get<Hand>(readHand("AQJ8652..KQJ982."))), "♠AQJ8652 ♥— ♦KQJ982 ♣—");
+}
+
 }  // namespace
 }  // namespace tavrel::hands

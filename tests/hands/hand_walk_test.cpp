@@ -78,10 +78,28 @@ boxes:
     "no": {text: "Bid 3NT", call: "3NT"}
 )";
 
+const char* const oneExit = R"(
+chart: Jacoby
+start: strong
+boxes:
+  strong: {text: "15+ HCP?", when: "hcp >= 15", "yes": pass}
+  pass: {text: "Pass", call: P}
+)";
+
+const char* const circle = R"(
+chart: Overcall
+start: flat
+boxes:
+  flat: {text: "Balanced?", when: "balanced", "yes": pass, "no": again}
+  pass: {text: "Pass", call: P}
+  again: {text: "Really?", when: "balanced", "yes": double, "no": flat}
+  double: {text: "Double", call: X}
+)";
+
 class HandWalkTest : public testing::Test {
  protected:
   HandWalkTest() {
-    for (const char* source : {opening, responding, stayman, leben}) add(source);
+    for (const char* source : {opening, responding, stayman, leben, oneExit, circle}) add(source);
   }
 
   const HandChart& chart(const std::string& name) const { return charts_.at(name); }
@@ -99,11 +117,20 @@ class HandWalkTest : public testing::Test {
 
   void forget(const std::string& name) { charts_.erase(name); }
 
+  // Writes other words into the file of a chart.
+  void replace(const std::string& name, const std::string& words, const std::string& others) {
+    const std::filesystem::path file = std::filesystem::path(folder_.path()) / (name + ".fv");
+    std::string bytes = readFile(file);
+    bytes.replace(bytes.find(words), words.size(), others);
+    writeFile(file, bytes);
+  }
+
  private:
   void add(const std::string& text) {
     authoring::Diagnostics found;
     const auto compiled =
-        authoring::compile({"chart.yaml", text}, {"Opening", "RespNT", "Stayman", "Leben"}, found);
+        authoring::compile({"chart.yaml", text},
+                           {"Opening", "RespNT", "Stayman", "Leben", "Jacoby", "Overcall"}, found);
     ASSERT_TRUE(compiled) << text;
     const std::string name = compiled->source.chart;
     writeFile(std::filesystem::path(folder_.path()) / (name + ".fv"), compiled->bytes);
@@ -227,6 +254,24 @@ TEST_F(HandWalkTest, SaysWhyNoChartGoesOn) {
   EXPECT_EQ(walk("Leben", situation("", "AQ853.KJ742.K54."), 0).outcome, WalkOutcome::loop);
   forget("RespNT");
   EXPECT_EQ(walk("Opening", situation("1NT P"), 0).outcome, WalkOutcome::chartUnknown);
+}
+
+TEST_F(HandWalkTest, StopsWhereAnAnswerLeadsNowhere) {
+  const HandWalked walked = walk("Jacoby", situation("", staymanHand), 0);
+  EXPECT_EQ(walked.outcome, WalkOutcome::noExit);
+  EXPECT_EQ(walked.answers(), "n");
+}
+
+TEST_F(HandWalkTest, StopsWhereTheWayComesBackToItself) {
+  const HandWalked walked = walk("Overcall", situation("", "AQ853.KJ742.K5.2"), 0);
+  EXPECT_EQ(walked.outcome, WalkOutcome::loop);
+}
+
+TEST_F(HandWalkTest, ReadsOnWhereACommentaryIsNoText) {
+  replace("Opening", "Count them.", "Count \xFF.");
+  const HandWalked walked = walk("Opening", situation(""), 0);
+  EXPECT_EQ(walked.outcome, WalkOutcome::calls);
+  EXPECT_EQ(walked.last().questions[0].box.commentary, std::vector<std::string>{"(not UTF-8)"});
 }
 
 TEST_F(HandWalkTest, BeginsAtTheFirstTurnThatTheChartIsFor) {

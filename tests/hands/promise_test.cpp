@@ -41,6 +41,7 @@ TEST(Promise, IsTheLengthOfASuit) {
   EXPECT_EQ(promised({"5+♠"}), "spades 5+");
   EXPECT_EQ(promised({"Open 1♦: 4+ ♦"}), "diamonds 4+");
   EXPECT_EQ(promised({"3–4 clubs"}), "clubs 3-4");
+  EXPECT_EQ(promised({"6+ diamonds"}), "diamonds 6+");
   EXPECT_EQ(promised({"5+ spades, 12–21 HCP"}), "spades 5+, hcp 12-21");
 }
 

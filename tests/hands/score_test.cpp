@@ -56,6 +56,14 @@ TEST(Score, CountsAnswersByEnd) {
   EXPECT_EQ(0U, score.of({"Opening", "pass"}).asked);
 }
 
+TEST(Score, HasTheEndsThatWereAsked) {
+  Score score;
+  EXPECT_TRUE(score.ends().empty());
+  score.note(weakTwo, false);
+  ASSERT_EQ(1U, score.ends().size());
+  EXPECT_EQ(weakTwo.end, score.ends().begin()->first.end);
+}
+
 TEST(Score, AMissBreaksTheRow) {
   Score score;
   for (int i = 0; i < 9; ++i) score.note(oneClub, true);
@@ -204,6 +212,15 @@ TEST(TheNextQuestion, IsOneOfWhatIsThere) {
     asked(50, someEnds(count), {0}, score, random);
     for (const EndName& end : someEnds(count)) EXPECT_GT(score.of(end).asked, 0U);
   }
+}
+
+// All of few ends may have been asked a moment ago.
+TEST(TheNextQuestion, IsAnyWhereAllHaveJustBeenRight) {
+  Random random(7);
+  Score score;
+  const std::vector<EndName> ends = someEnds(2);
+  for (const EndName& end : ends) score.note(end, true);
+  for (int i = 0; i < 20; ++i) EXPECT_LT(score.next(ends, random), ends.size());
 }
 
 TEST(TheNextQuestion, IsAMissedEndFarMoreOften) {
