@@ -33,7 +33,7 @@ void Dealer::sit(Position position) {
 std::optional<Position> Dealer::deal(Random& random) {
   const auto count = static_cast<std::uint32_t>(tables_.size());
   for (int draw = 0; draw < mostDraws; ++draw) {
-    const std::uint32_t table = count == 1 ? 0 : random.below(count);
+    const std::uint32_t table = random.below(count);
     const Position position = {dealHand(random), table};
     sit(position);
     if (walker_.isForHand()) return position;

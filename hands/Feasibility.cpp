@@ -57,7 +57,7 @@ struct Feasibility::Known {
       : checked(checkExpression(text, Type::truth)), program(text, evaluation) {
     for (const NameUse& use : checked.uses) {
       const std::string words = text.substr(use.offset, use.size);
-      if (asksForTops(use)) topSuits.emplace_back(firstArgument(words), evaluation);
+      if (asksForTops(use)) addTopSuit(firstArgument(words), evaluation);
       if (asksForCalls(use)) {
         calls.emplace_back(words, evaluation);
         hasCallsOfHand = hasCallsOfHand || hasUseInside(checked, use);
@@ -65,11 +65,19 @@ struct Feasibility::Known {
     }
   }
 
+  // Points may decide which suit it is, and then it may be any.
+  void addTopSuit(const std::string& suit, Evaluation& evaluation) {
+    topSuits.emplace_back(suit, evaluation);
+    const unsigned basis = checkExpression(suit, Type::suit).basis;
+    hasTopsOfAny = hasTopsOfAny || (basis & ~static_cast<unsigned>(lengths)) != 0;
+  }
+
   CheckedExpression checked;
   Expression program;
   std::vector<Expression> topSuits;  // those whose honours it looks at
-  std::vector<Expression> calls;     // those that it looks at
-  bool hasCallsOfHand = false;       // the number of a call isn't always the same
+  bool hasTopsOfAny = false;
+  std::vector<Expression> calls;  // those that it looks at
+  bool hasCallsOfHand = false;    // the number of a call isn't always the same
 };
 
 // The conditions of one search.
@@ -164,6 +172,7 @@ class Feasibility::Trial {
     evaluation_.setHand(handOf(lengths));
     Distinction distinction = {basis_, 0};
     for (const Condition& condition : ofTops_) {
+      if (condition.known->hasTopsOfAny) distinction.topSuits = (1U << suits.size()) - 1;
       for (const Expression& suit : condition.known->topSuits) {
         const double number = suit.value();
         if (number >= 1 && number <= static_cast<double>(suits.size())) {

@@ -52,6 +52,53 @@ const std::vector<std::string> expressions = {
     "voids == 0 && singletons == 1",
 };
 
+Verdict verdictOf(const std::vector<Wanted>& all, const std::vector<std::string>& auctions) {
+  const std::vector<Table> tables = tablesFor(auctions);
+  return Feasibility(tables).find(all).verdict;
+}
+
+// The call that is asked for may hang on the hand.
+TEST(Feasibility, AsksForTheCallsOfAllPlayers) {
+  const std::vector<std::string> auctions = {"1C 1D 1H 1S", "P P P"};
+  for (const char* asked :
+       {"own(1) == c1C", "left(1) == c1D", "partner(1) == c1H", "right(1) == c1S",
+        "partner(min(aces, 1)) == c1H", "right(max(1, min(1, aces))) == c1S"}) {
+    EXPECT_EQ(verdictOf({{asked, true}}, auctions), Verdict::found) << asked;
+    EXPECT_EQ(verdictOf({{asked, true}, {"seat == 4", true}}, auctions), Verdict::none) << asked;
+  }
+}
+
+TEST(Feasibility, LooksAtTheHonoursOfSuitsThatExpressionsWorkOut) {
+  const std::vector<std::string> auctions = {"1H P", "1NT P"};
+  const std::string tops = "tops(suitOf(partner(1)), 3) == 3";
+  EXPECT_EQ(verdictOf({{tops, true}, {"hcp == 9", true}}, auctions), Verdict::found);
+  EXPECT_EQ(verdictOf({{tops, true}, {"hearts == 2", true}}, auctions), Verdict::none);
+}
+
+TEST(Feasibility, LooksAtAllHonoursWherePointsDecideWhichSuitItIs) {
+  for (const bool isStopped : {true, false}) {
+    const std::vector<Wanted> all = {
+        {"stopper(hcp >= 4 ? S : C)", isStopped}, {"exact(1, 6, 6, 0)", true}, {"hcp == 4", true}};
+    EXPECT_EQ(verdictOf(all, {""}), Verdict::found);
+  }
+}
+
+TEST(Feasibility, SaysThatNothingIsSettledWhereItMayTryNothing) {
+  const std::vector<Table> tables = tablesFor({""});
+  Feasibility feasibility(tables, 0);
+  EXPECT_EQ(feasibility.find({{"hcp == 37", true}}).verdict, Verdict::unsettled);
+}
+
+// So few kinds may be tried that the hand has to be found by changing another one.
+TEST(Feasibility, FindsHandsByChangingOthersWhereThereAreTooManyKinds) {
+  const std::vector<Table> tables = tablesFor({""});
+  Feasibility feasibility(tables, 1);
+  const Search found = feasibility.find({{"hcp >= 12", true}, {"spades >= 5", true}});
+  ASSERT_EQ(found.verdict, Verdict::found);
+  EXPECT_GE(found.position.hand.length(Suit::spades), 5U);
+  EXPECT_EQ(feasibility.find({{"hcp >= 38", true}}).verdict, Verdict::unsettled);
+}
+
 class FeasibilityOfSets : public testing::Test {
  protected:
   std::vector<Wanted> drawn(std::size_t count) {
