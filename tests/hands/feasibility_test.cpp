@@ -192,7 +192,7 @@ TEST(HandKinds, AreNotHeldWhereThereAreTooMany) {
 TEST(HandKinds, AreTheSameAgainWhenTheyHadToBeForgotten) {
   HandKinds kinds;
   constexpr unsigned allSuits = 15;
-  constexpr std::size_t enoughToForget = 5'000'000;
+  constexpr std::size_t enoughToForget = 4'000'000;
   const Lengths first = {5, 4, 3, 1};
   const std::vector<Hand> before = *kinds.of(first, {topHonours, allSuits});
   std::size_t sum = 0;

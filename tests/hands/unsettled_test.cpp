@@ -132,6 +132,30 @@ TEST(UnsettledProof, LeavesOutNeedlessConditionsWhereTheSmallestSetCantBeFound) 
   EXPECT_TRUE(smallest.isSmallest);
 }
 
+// Each of 15 numbers of points is ruled out three times: there are 3^15 smallest sets.
+TEST(UnsettledProof, LeavesOutNeedlessConditionsWhereThereAreTooManySets) {
+  const std::vector<Table> tables = tablesOf({});
+  Feasibility feasibility(tables);
+  std::vector<Wanted> all = {{"hcp <= 14", true}};
+  for (int points = 0; points <= 14; ++points) {
+    const std::string number = std::to_string(points);
+    all.push_back({"hcp != " + number, true});
+    all.push_back({number + " != hcp", true});
+    all.push_back({"hcp == " + number, false});
+  }
+  const Contradiction found = smallestContradiction(feasibility, all);
+  EXPECT_FALSE(found.isSmallest);
+  EXPECT_EQ(found.conditions.size(), 16U);
+  std::vector<Wanted> chosen;
+  for (const std::size_t number : found.conditions) chosen.push_back(all[number]);
+  EXPECT_EQ(feasibility.find(chosen).verdict, Verdict::none);
+  for (std::size_t i = 0; i < chosen.size(); ++i) {
+    std::vector<Wanted> fewer = chosen;
+    fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(i));
+    EXPECT_EQ(feasibility.find(fewer).verdict, Verdict::found);
+  }
+}
+
 // --- too many ways, and too long ones ----------------------------------------------------
 
 TEST(UnsettledProof, DeniesNoHandBehindMoreWaysThanItLists) {
