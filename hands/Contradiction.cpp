@@ -21,14 +21,14 @@ class Failures {
 
   // The smallest set that has a condition of each; std::nullopt where looking on takes too long.
   std::optional<Numbers> smallestSet(std::size_t most) {
-    for (std::size_t size = 1; size <= most; ++size) {
+    tries_ = 0;
+    for (std::size_t size = 1; size <= most && tries_ <= mostTries; ++size) {
       Numbers chosen;
       tries_ = 0;
       if (complete(chosen, size)) {
         std::sort(chosen.begin(), chosen.end());
         return chosen;
       }
-      if (tries_ > mostTries) return std::nullopt;
     }
     return std::nullopt;
   }

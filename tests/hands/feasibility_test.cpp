@@ -229,5 +229,28 @@ TEST(HandKinds, TellApartWhatTheyAreAskedForAlone) {
   EXPECT_EQ(kinds.of(lengths, {topHonours, 1})->size(), 31U);      // four cards can't be five
 }
 
+TEST(HandKinds, AreNotHeldWhereThereAreTooMany) {
+  HandKinds kinds;
+  constexpr unsigned allSuits = 15;
+  EXPECT_EQ(kinds.of({4, 3, 3, 3}, {topHonours, allSuits}), nullptr);
+  EXPECT_EQ(kinds.of({4, 3, 3, 3}, {topHonours, allSuits}), nullptr);
+}
+
+TEST(HandKinds, AreTheSameAgainWhenTheyHadToBeForgotten) {
+  HandKinds kinds;
+  constexpr unsigned allSuits = 15;
+  constexpr std::size_t enoughToForget = 4'000'000;
+  const Lengths first = {5, 4, 3, 1};
+  const std::vector<Hand> before = *kinds.of(first, {topHonours, allSuits});
+  std::size_t sum = 0;
+  for (const Lengths& lengths : allLengths()) {
+    const auto* all = kinds.of(lengths, {topHonours, allSuits});
+    sum += all == nullptr ? 0 : all->size();
+    if (sum > enoughToForget) break;
+  }
+  EXPECT_GT(sum, enoughToForget);
+  EXPECT_EQ(*kinds.of(first, {topHonours, allSuits}), before);
+}
+
 }  // namespace
 }  // namespace tavrel::hands
