@@ -6,12 +6,31 @@
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace tavrel::hands {
 namespace {
+
+// Threads that are waited for, whatever happens meanwhile.
+class Threads {
+ public:
+  Threads() = default;
+  Threads(const Threads&) = delete;
+  Threads& operator=(const Threads&) = delete;
+  ~Threads() {
+    for (std::thread& each : all_) each.join();
+  }
+
+  template <typename Work>
+  void start(Work work) {
+    all_.emplace_back(std::move(work));
+  }
+
+ private:
+  std::vector<std::thread> all_;
+};
 
 // Whether a hand may go on in the chart that an end leads into.
 class Arrival {
@@ -137,14 +156,11 @@ class Crew {
   }
 
   Tally run() {
-    std::vector<std::thread> others;
-    try {
-      for (unsigned i = 1; i < proving_.threads; ++i) others.emplace_back([this] { work(); });
-    } catch (const std::system_error&) {
-      // Those that there are do all of it.
+    {
+      Threads others;
+      for (unsigned i = 1; i < proving_.threads; ++i) others.start([this] { work(); });
+      work();
     }
-    work();
-    for (std::thread& other : others) other.join();
     if (failure_) std::rethrow_exception(failure_);
     return sum_;
   }

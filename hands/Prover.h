@@ -25,8 +25,9 @@ struct Proving {
 
 /// Walks the deals through a chart; questions of judgement are answered by the deal's random
 /// numbers. The tally hangs on seed and range alone. Where there is no hand that the chart assumes,
-/// nothing is dealt. `tell` hears now and then, from one thread at
-/// a time, how many more deals are done; what it throws ends the work and comes out here.
+/// nothing is dealt. `tell` hears now and then, from one thread at a time, how many more deals are
+/// done; what it throws ends the work and comes out here. So does std::system_error where a thread
+/// can't be started.
 Tally tallyOf(const Subject& subject, Feasibility& feasibility, const Proving& proving,
               const std::function<void(std::uint64_t)>& tell);
 

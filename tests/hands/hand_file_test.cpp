@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -49,6 +50,15 @@ std::vector<std::string> boardsIn(const std::string& bytes) {
 }
 
 using Boards = std::vector<std::string>;
+
+TEST(Seats, FaceTheirPartners) {
+  for (const auto& [seat, partner] : {std::pair(Seat::north, Seat::south),
+                                      {Seat::east, Seat::west},
+                                      {Seat::south, Seat::north},
+                                      {Seat::west, Seat::east}}) {
+    EXPECT_EQ(partnerOf(seat), partner) << nameOf(seat);
+  }
+}
 
 TEST(DealText, GoesRoundFromTheSeatThatIsNamed) {
   EXPECT_EQ(dealAs("N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432"),
